@@ -1,0 +1,11 @@
+#pragma once
+
+/// @file
+/// All of QXFMT's public interface.
+
+#include <qxfmt/block_buffer.h>
+#include <qxfmt/data_format.h>
+#include <qxfmt/export.h>
+#include <qxfmt/formats.h>
+#include <qxfmt/settings.h>
+#include <qxfmt/text.h>
