@@ -1,0 +1,53 @@
+#pragma once
+
+/// @file
+/// The arena behind all result text. Part of `CQXDataFormat`; applications do not use it directly.
+
+#include <cstddef>
+#include <cstdint>
+
+/// Hands out blocks that stay where they are until `Reset` or `ReleaseAll`.
+///
+/// Lazy: owns no memory until the first block. Memory comes in chunks from `operator new`: a small
+/// one first, each further one larger by the growth factor, up to the largest chunk. `Reset` keeps
+/// the chunks, so that a caller that resets regularly soon allocates nothing more.
+///
+/// Not thread-safe: calls on one object must not overlap.
+class CQXBlockBuffer {
+ public:
+  /// @param largest_chunk bytes, book-keeping included, that a chunk grows to at most.
+  explicit CQXBlockBuffer(std::uint32_t largest_chunk);
+  ~CQXBlockBuffer();
+
+  CQXBlockBuffer(const CQXBlockBuffer&) = delete;
+  CQXBlockBuffer& operator=(const CQXBlockBuffer&) = delete;
+
+  /// @param first_chunk bytes of the first chunk, book-keeping included.
+  /// @param growth how many times larger each further chunk is than the one before.
+  void SetBlockSize(std::uint32_t first_chunk, std::uint32_t growth);
+
+  /// A block of at least `size` bytes, aligned for 16-bit units, its content undefined; or null
+  /// when memory cannot be had. Never throws.
+  void* GetBuffer(std::uint32_t size);
+
+  /// Voids all blocks and keeps the memory for the next ones.
+  void Reset();
+
+  /// Voids all blocks and gives all memory back.
+  void ReleaseAll();
+
+ private:
+  struct Chunk;
+
+  void* GetBufferFromNextChunk(std::size_t size);
+  void Enter(Chunk* chunk);
+  Chunk* Allocate(std::size_t block);
+
+  char* next_ = nullptr;      // where the next block starts
+  char* end_ = nullptr;       // where the current chunk ends
+  Chunk* current_ = nullptr;  // the chunk that blocks come from; null before the first block
+  Chunk* first_ = nullptr;    // the list of all chunks, in the order of their use
+  std::uint32_t largest_chunk_ = 0;
+  std::uint32_t first_chunk_ = 0;
+  std::uint32_t growth_ = 1;
+};

@@ -1,0 +1,84 @@
+#include <algorithm>
+#include <new>
+
+#include <qxfmt/block_buffer.h>
+
+// The header of a chunk; its blocks follow directly behind.
+struct CQXBlockBuffer::Chunk {
+  Chunk* next;
+  std::size_t size;  // bytes, this header included
+
+  char* begin() { return reinterpret_cast<char*>(this + 1); }
+  char* end() { return reinterpret_cast<char*>(this) + size; }
+};
+
+CQXBlockBuffer::CQXBlockBuffer(std::uint32_t largest_chunk) : largest_chunk_(largest_chunk) {}
+
+CQXBlockBuffer::~CQXBlockBuffer() { ReleaseAll(); }
+
+void CQXBlockBuffer::SetBlockSize(std::uint32_t first_chunk, std::uint32_t growth) {
+  first_chunk_ = first_chunk;
+  growth_ = growth;
+}
+
+void* CQXBlockBuffer::GetBuffer(std::uint32_t size) {
+  // Only as much alignment as 16-bit units need: a million blocks of 50 bytes waste nothing.
+  const std::size_t rounded = (std::size_t{size} + 1) & ~std::size_t{1};
+  if (current_ == nullptr || static_cast<std::size_t>(end_ - next_) < rounded) [[unlikely]] {
+    return GetBufferFromNextChunk(rounded);
+  }
+  char* const block = next_;
+  next_ += rounded;
+  return block;
+}
+
+void* CQXBlockBuffer::GetBufferFromNextChunk(std::size_t size) {
+  // Chunks kept by a reset come first; one that is too small for this block is passed over.
+  Chunk* kept = current_ == nullptr ? first_ : current_->next;
+  while (kept != nullptr && static_cast<std::size_t>(kept->end() - kept->begin()) < size) {
+    kept = kept->next;
+  }
+  Chunk* const chunk = kept != nullptr ? kept : Allocate(size);
+  if (chunk == nullptr) return nullptr;
+  Enter(chunk);
+  char* const block = next_;
+  next_ += size;
+  return block;
+}
+
+void CQXBlockBuffer::Enter(Chunk* chunk) {
+  current_ = chunk;
+  next_ = chunk->begin();
+  end_ = chunk->end();
+}
+
+CQXBlockBuffer::Chunk* CQXBlockBuffer::Allocate(std::size_t block) {
+  // Only called with the list used up, so that the new chunk goes behind the last one.
+  Chunk* last = current_ == nullptr ? first_ : current_;
+  while (last != nullptr && last->next != nullptr) last = last->next;
+
+  const std::size_t wanted = last == nullptr ? first_chunk_ : last->size * growth_;
+  const std::size_t size =
+      std::max(std::min<std::size_t>(wanted, largest_chunk_), sizeof(Chunk) + block);
+  void* const memory = ::operator new(size, std::nothrow);
+  if (memory == nullptr) return nullptr;
+  Chunk* const chunk = new (memory) Chunk{nullptr, size};
+  (last == nullptr ? first_ : last->next) = chunk;
+  return chunk;
+}
+
+void CQXBlockBuffer::Reset() {
+  if (first_ != nullptr) Enter(first_);
+}
+
+void CQXBlockBuffer::ReleaseAll() {
+  for (Chunk* chunk = first_; chunk != nullptr;) {
+    Chunk* const next = chunk->next;
+    ::operator delete(chunk);
+    chunk = next;
+  }
+  first_ = nullptr;
+  current_ = nullptr;
+  next_ = nullptr;
+  end_ = nullptr;
+}
