@@ -23,8 +23,8 @@ void CQXBlockBuffer::SetBlockSize(std::uint32_t first_chunk, std::uint32_t growt
 
 void* CQXBlockBuffer::GetBuffer(std::uint32_t size) {
   // Only as much alignment as 16-bit units need: a million blocks of 50 bytes waste nothing.
-  const std::size_t rounded = (std::size_t{size} + 1) & ~std::size_t{1};
-  if (current_ == nullptr || static_cast<std::size_t>(end_ - next_) < rounded) [[unlikely]] {
+  const std::size_t rounded = std::size_t{size} + (size & 1);
+  if (static_cast<std::size_t>(end_ - next_) < rounded) [[unlikely]] {
     return GetBufferFromNextChunk(rounded);
   }
   char* const block = next_;

@@ -130,10 +130,17 @@ class DecimalField {
         return out + kConversion.width;
       }
     }
-    if (negative_) *out++ = u'-';
-    const std::int32_t count = digits();
-    WriteDigits(out, magnitude_, count);
-    return out + count;
+    *out = u'-';
+    out += negative_ ? 1 : 0;
+    if constexpr (kConversion.width > 0) {
+      const std::int32_t count = digits();
+      WriteDigits(out, magnitude_, count);
+      return out + count;
+    } else {
+      const std::int32_t count = CountDigits(magnitude_);
+      WriteNumber<Grouping::kNone>(out, magnitude_, count);
+      return out + count;
+    }
   }
 
  private:

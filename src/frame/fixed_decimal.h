@@ -1,54 +1,191 @@
 #pragma once
 
 // The text that "%.*f" gives for a double: its exact binary value, rounded to the places, exact
-// ties to the even digit.
+// ties to the even digit. Two paths to the same digits: integer arithmetic for what occurs in
+// practice, the standard library's exact conversion for the rest.
 
+#include <bit>
 #include <cstdint>
+
+#include "frame/decimal_point.h"
+#include "frame/digits.h"
 
 namespace qxfmt {
 
-class FixedDecimal {
- public:
-  static constexpr std::int32_t kMaxPlaces = 32;
+inline constexpr std::int32_t kMaxPlaces = 32;
 
-  // places: 0 to kMaxPlaces.
-  FixedDecimal(double value, std::int32_t places) {
-    if (!ReadFast(value, places)) ReadGeneral(value, places);
+namespace detail {
+
+// A double is mantissa * 2^shift with a mantissa below 2^53. A fraction F / 2^k in p decimals is
+// F * 10^p / 2^k, rounded; the product has to fit the widest integer that there is.
+#if defined(__SIZEOF_INT128__)
+__extension__ using Widest = unsigned __int128;
+inline constexpr std::int32_t kFastPlaces = 19;  // 53 bits and 10^19 make 117 bits
+inline constexpr int kFastShift = 70;            // below 2^123: what is above 10^18 fits 64 bits
+#else
+using Widest = std::uint64_t;
+inline constexpr std::int32_t kFastPlaces = 3;  // 53 bits and 10^3 make 63 bits
+inline constexpr int kFastShift = 11;
+#endif
+
+inline constexpr std::int32_t kNarrowPlaces = 3;
+inline constexpr int kMantissaBits = 53;
+inline constexpr std::uint64_t kHiddenBit = std::uint64_t{1} << (kMantissaBits - 1);
+inline constexpr std::int32_t kLowDigits = 18;
+
+// product / 2^shift, rounded to nearest; a tie goes up if the digit before it is odd, which for
+// lack of a digit in the quotient itself (0 places) is `whole`. shift: 1 to 1074.
+template <typename Product>
+inline std::uint64_t DivideRounded(Product product, int shift, std::uint64_t whole,
+                                   std::int32_t places) {
+  // The product leaves the top bit of its type unused, so that it is below a half from there on.
+  if (shift >= static_cast<int>(8 * sizeof(Product))) return 0;
+  const auto quotient = static_cast<std::uint64_t>(product >> shift);
+  const Product rest = product & ((Product{1} << shift) - 1);
+  const Product half = Product{1} << (shift - 1);
+  const std::uint64_t odd = (places == 0 ? whole : quotient) & 1;
+  return quotient + (rest + odd > half ? 1 : 0);
+}
+
+}  // namespace detail
+
+// A finite double by integer arithmetic: sign, whole part, point, fraction. A whole part of 2^64 or
+// more is high * 10^18 + low.
+class FastDecimal {
+ public:
+  // False if the value lies outside of this path: not finite, 2^123 or more, or too many places.
+  bool Read(double value, std::int32_t places) {
+    if (places > detail::kFastPlaces) return false;
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const int exponent = static_cast<int>(bits >> 52) & 0x7FF;
+    const std::uint64_t mantissa = bits & (detail::kHiddenBit - 1);
+    negative_ = static_cast<std::int32_t>(bits >> 63);
+    places_ = places;
+    if (exponent >= 1 && exponent < 1075) [[likely]] {
+      ReadFraction(mantissa | detail::kHiddenBit, 1075 - exponent);
+    } else if (exponent == 0) {
+      ReadFraction(mantissa, 1074);  // a subnormal: no hidden bit, the smallest normal's exponent
+    } else if (!ReadWhole(mantissa | detail::kHiddenBit, exponent - 1075)) {
+      return false;
+    }
+    whole_digits_ = high_ == 0 ? CountDigits(low_) : detail::kLowDigits + CountDigits(high_);
+    return true;
   }
 
-  std::int32_t size() const { return size_; }
+  // Without commas.
+  std::int32_t size() const { return negative_ + whole_digits_ + (places_ == 0 ? 0 : 1 + places_); }
 
-  // Writes size() units, without a terminator, and returns the end.
-  char16_t* Write(char16_t* out) const;
+  // Whether the whole part has 2^64 or more. If not, no text of this path, commas included, is
+  // longer than kNarrowSize.
+  bool is_wide() const { return high_ != 0; }
+  static constexpr std::int32_t kNarrowSize = 1 + 26 + 1 + detail::kFastPlaces;
 
-  // The value by exact integer arithmetic, if it is inside that path's range: finite, below 2^127
-  // and with at most kFastPlaces. False leaves the object unread.
-  bool ReadFast(double value, std::int32_t places);
-
-  // Any value, through the standard library's exact conversion.
-  void ReadGeneral(double value, std::int32_t places);
+  // Writes the number and returns the end.
+  template <Grouping kGrouping = Grouping::kNone>
+  char16_t* Write(char16_t* out) const {
+    *out = u'-';
+    out += negative_;
+    const std::int32_t units = UnitsOfDigits<kGrouping>(whole_digits_);
+    if (!is_wide()) [[likely]] {
+      WriteNumber<kGrouping>(out, low_, units);
+    } else {
+      WriteWide<kGrouping>(out, units);
+    }
+    out += units;
+    if (places_ == 0) return out;
+    *out++ = DecimalPoint();
+    if (places_ == 2) {
+      WriteDigitPair(out, static_cast<std::uint32_t>(fraction_));
+    } else {
+      WriteDigits(out, fraction_, places_);
+    }
+    return out + places_;
+  }
 
  private:
-  bool ReadWhole(std::uint64_t mantissa, int shift);
-  bool ReadFraction(std::uint64_t mantissa, int shift);
-  void CountUnits();
-  char16_t* WriteGeneral(char16_t* out) const;
+  // mantissa / 2^shift, shift 1 to 1074.
+  void ReadFraction(std::uint64_t mantissa, int shift) {
+    const bool has_whole = shift < detail::kMantissaBits;
+    high_ = 0;
+    low_ = has_whole ? mantissa >> shift : 0;
+    const std::uint64_t rest = has_whole ? mantissa & ((std::uint64_t{1} << shift) - 1) : mantissa;
+    const std::uint64_t scale = kPowersOfTen[places_];
+    fraction_ = places_ <= detail::kNarrowPlaces
+                    ? detail::DivideRounded(rest * scale, shift, low_, places_)
+                    : detail::DivideRounded(static_cast<detail::Widest>(rest) * scale, shift, low_,
+                                            places_);
+    if (fraction_ == scale) [[unlikely]] {
+      fraction_ = 0;
+      ++low_;
+    }
+  }
 
-  // Sign, 309 integer digits of the largest double, point, places.
-  static constexpr std::int32_t kGeneralCapacity = 1 + 309 + 1 + kMaxPlaces;
+  // mantissa * 2^shift, shift 0 or more: no fraction.
+  bool ReadWhole(std::uint64_t mantissa, int shift) {
+    if (shift > detail::kFastShift) return false;
+    fraction_ = 0;
+    if (shift <= 64 - detail::kMantissaBits) {
+      high_ = 0;
+      low_ = mantissa << shift;
+      return true;
+    }
+    const detail::Widest whole = static_cast<detail::Widest>(mantissa) << shift;
+    high_ = static_cast<std::uint64_t>(whole / kPowersOfTen[detail::kLowDigits]);
+    low_ = static_cast<std::uint64_t>(whole % kPowersOfTen[detail::kLowDigits]);
+    return true;
+  }
 
-  std::int32_t size_;
+  // The low part goes first, with a 1 before its 18 digits to show their leading zeros; the last
+  // digit of the high part then takes the place of that 1. 18 is a multiple of three, so that the
+  // commas of the two agree.
+  template <Grouping kGrouping>
+  void WriteWide(char16_t* out, std::int32_t units) const {
+    constexpr std::int32_t kLowUnits = UnitsOfDigits<kGrouping>(1 + detail::kLowDigits);
+    const std::int32_t high_units = units - kLowUnits + 1;
+    const std::uint64_t low = kPowersOfTen[detail::kLowDigits] + low_;
+    WriteNumber<kGrouping>(out + high_units - 1, low, kLowUnits);
+    WriteNumber<kGrouping>(out, high_, high_units);
+  }
+
+  std::int32_t negative_;  // 1 or 0
   std::int32_t places_;
-  bool is_general_;
-
-  // The fast path's number is high * 10^19 + low, point, fraction in `places_` digits.
-  bool negative_;
   std::int32_t whole_digits_;
   std::uint64_t high_;
   std::uint64_t low_;
   std::uint64_t fraction_;
+};
 
-  char general_[kGeneralCapacity];  // only written by ReadGeneral
+// Any double, through std::to_chars.
+class GeneralDecimal {
+ public:
+  void Read(double value, std::int32_t places);
+  std::int32_t size() const { return size_; }
+  char16_t* Write(char16_t* out) const;
+
+ private:
+  // Sign, 309 integer digits of the largest double, point, places.
+  char text_[1 + 309 + 1 + kMaxPlaces];
+  std::int32_t size_;
+  std::int32_t places_;
+};
+
+// places: 0 to kMaxPlaces.
+class FixedDecimal {
+ public:
+  FixedDecimal(double value, std::int32_t places) {
+    is_fast_ = fast_.Read(value, places);
+    if (!is_fast_) [[unlikely]]
+      general_.Read(value, places);
+  }
+
+  std::int32_t size() const { return is_fast_ ? fast_.size() : general_.size(); }
+
+  char16_t* Write(char16_t* out) const { return is_fast_ ? fast_.Write(out) : general_.Write(out); }
+
+ private:
+  FastDecimal fast_;
+  GeneralDecimal general_;  // untouched, and so free of cost, where the fast path serves
+  bool is_fast_;
 };
 
 }  // namespace qxfmt

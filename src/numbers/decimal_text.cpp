@@ -12,9 +12,6 @@ namespace qxfmt {
 
 namespace {
 
-using NumberBlock = ResultBlock<256>;
-
-constexpr std::int32_t kMaxPlaces = FixedDecimal::kMaxPlaces;
 constexpr std::int32_t kMaxMinimumDigits = 6;
 // Ungrouped decimals stop short of the block's own limit.
 constexpr std::int32_t kPlainLimit = 120;
@@ -24,14 +21,23 @@ std::size_t Units(std::int32_t printed) {
   return static_cast<std::size_t>(std::max(printed, 0));  // a refused print left the empty text
 }
 
-// Prints into the block, with the limit given, or through a scratch area with commas.
+// Through a scratch area; what does not fit it, or with its commas not the block, comes out empty.
 template <Pattern kPattern, typename Value>
-std::size_t PrintNumber(const NumberBlock& block, std::int32_t limit,
-                        const WithPrecision<Value>& number, std::int32_t grouped) {
-  if (grouped == 0) return Units(BoundedPrint<kPattern>(block.units(), limit, number));
+std::size_t PrintGrouped(const NumberBlock& block, const WithPrecision<Value>& number) {
   char16_t scratch[kScratchLimit];
   const std::size_t size = Units(BoundedPrint<kPattern>(scratch, kScratchLimit, number));
-  return Units(CopyGrouped(block.units(), NumberBlock::kPrintLimit, {scratch, size}));
+  return Units(CopyGrouped(block.units(), block.kPrintLimit, {scratch, size}));
+}
+
+std::size_t PrintDecimal(const NumberBlock& block, const WithPrecision<double>& number,
+                         std::int32_t grouped) {
+  if (grouped == 0) return Units(BoundedPrint<u"%.*f">(block.units(), kPlainLimit, number));
+  FastDecimal decimal;
+  if (!decimal.Read(number.value, number.precision)) return PrintGrouped<u"%.*f">(block, number);
+  // At most 72 units, so that no limit is near.
+  char16_t* const end = decimal.Write<Grouping::kCommas>(block.units());
+  *end = u'\0';
+  return static_cast<std::size_t>(end - block.units());
 }
 
 // Two decimals, without the renderer.
@@ -45,36 +51,38 @@ ResultText FormatTwoDecimals(CQXBlockBuffer& arena, double value) {
 
 }  // namespace
 
-std::u16string_view RenderDecimal(CQXBlockBuffer& arena, double value, std::int32_t places,
+std::u16string_view RenderDecimal(const NumberBlock& block, double value, std::int32_t places,
                                   std::int32_t grouped) {
-  const NumberBlock block(arena);
   if (block.missing()) return kMemoryError;
-  const std::int32_t shown = std::clamp(places, 0, kMaxPlaces);
-  const std::size_t size =
-      PrintNumber<u"%.*f">(block, kPlainLimit, WithPrecision<double>{value, shown}, grouped);
+  const std::size_t size = PrintDecimal(block, {value, ClampPlaces(places)}, grouped);
   return {block.Finish(), size};
 }
 
 }  // namespace qxfmt
 
+using qxfmt::NumberBlock;
 using qxfmt::RenderDecimal;
 
 ResultText CQXDataFormat::FormatNumberEx(double value, std::int32_t places, std::int32_t grouped) {
-  return RenderDecimal(blocks_, value, places, grouped).data();
+  return RenderDecimal(NumberBlock(blocks_), value, places, grouped).data();
 }
 
 ResultText CQXDataFormat::FormatNumber(double value, std::int32_t grouped) {
   const std::int32_t places = qxfmt::settings.number_decimal_places.Get();
-  return RenderDecimal(blocks_, value, places, grouped).data();
+  return RenderDecimal(NumberBlock(blocks_), value, places, grouped).data();
 }
 
 ResultText CQXDataFormat::FormatNumberEx(std::uint64_t value, std::int32_t places,
                                          std::int32_t grouped) {
-  const qxfmt::NumberBlock block(blocks_);
+  const NumberBlock block(blocks_);
   if (block.missing()) return qxfmt::kMemoryError;
-  const std::int32_t digits = std::clamp(places, 0, qxfmt::kMaxMinimumDigits);
-  qxfmt::PrintNumber<u"%.*I64u">(block, qxfmt::NumberBlock::kPrintLimit,
-                                 qxfmt::WithPrecision<std::uint64_t>{value, digits}, grouped);
+  const qxfmt::WithPrecision<std::uint64_t> number{value,
+                                                   std::clamp(places, 0, qxfmt::kMaxMinimumDigits)};
+  if (grouped == 0) {
+    qxfmt::BoundedPrint<u"%.*I64u">(block.units(), block.kPrintLimit, number);
+  } else {
+    qxfmt::PrintGrouped<u"%.*I64u">(block, number);
+  }
   return block.Finish();
 }
 

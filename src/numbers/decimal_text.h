@@ -1,18 +1,22 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 
-#include <qxfmt/block_buffer.h>
-#include <qxfmt/text.h>
-
+#include "frame/fixed_decimal.h"
 #include "frame/result_block.h"
 
 namespace qxfmt {
 
-// The renderer of decimals: a block of 256 bytes with the number in it, grouped or not. places:
-// any; taken as 0 below 0 and as 32 above 32. Returns the text with its size, or the memory error.
-std::u16string_view RenderDecimal(CQXBlockBuffer& arena, double value, std::int32_t places,
+using NumberBlock = ResultBlock<256>;
+
+// Decimals that are shown: a negative count acts as 0.
+inline std::int32_t ClampPlaces(std::int32_t places) { return std::clamp(places, 0, kMaxPlaces); }
+
+// The renderer of decimals: prints the number into the block, grouped or not. Returns the text with
+// its size, or the memory error where the block is missing. places: any.
+std::u16string_view RenderDecimal(const NumberBlock& block, double value, std::int32_t places,
                                   std::int32_t grouped);
 
 }  // namespace qxfmt

@@ -32,10 +32,11 @@ ResultText CQXDataFormat::FormatPercentage(std::int32_t value) {
 
 ResultText CQXDataFormat::FormatPercentage(float value) {
   const float product = value * 100.0F;  // single precision shows in the digits
+  const qxfmt::NumberBlock block(blocks_);
+  if (block.missing()) return qxfmt::kMemoryError;
   const std::u16string_view number = qxfmt::RenderDecimal(
-      blocks_, double{product}, settings.number_decimal_places.Get(), GroupingSetting());
-  if (number.data() == qxfmt::kMemoryError) return qxfmt::kMemoryError;
-  // The text lies in a block of ours. The longest product of a float leaves room in it.
-  AppendPercentSign(const_cast<char16_t*>(number.data()), number.size());
-  return number.data();
+      block, double{product}, settings.number_decimal_places.Get(), GroupingSetting());
+  // The longest product of a float leaves room in the block.
+  AppendPercentSign(block.units(), number.size());
+  return block.Finish();
 }

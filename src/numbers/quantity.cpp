@@ -1,5 +1,6 @@
 #include "numbers/quantity.h"
 
+#include <cstring>
 #include <limits>
 
 #include "frame/bounded_print.h"
@@ -71,15 +72,34 @@ double ScaleValue(Scale scale, double value, int unit, std::int32_t /*places*/) 
   return scale == Scale::kDecimal ? value / kDecimalDivisor[unit] : value * kBinaryFactor[unit];
 }
 
+using QuantityBlock = ResultBlock<128>;
+
+// Straight into the result: most of the time that a number's own block and a copy would take is the
+// copy. False if the number is none for the fast path or could come near the limit.
+bool PrintFast(const QuantityBlock& block, double number, std::int32_t places, std::int32_t grouped,
+               const UnitText& unit) {
+  FastDecimal decimal;
+  if (!decimal.Read(number, ClampPlaces(places)) || decimal.is_wide()) return false;
+  static_assert(FastDecimal::kNarrowSize + UnitText::kMaxSize < QuantityBlock::kPrintLimit);
+  char16_t* const end = grouped != 0 ? decimal.Write<Grouping::kCommas>(block.units())
+                                     : decimal.Write<Grouping::kNone>(block.units());
+  std::memcpy(end, unit.units, sizeof(unit.units));
+  return true;
+}
+
 template <typename Value>
 ResultText Format(CQXBlockBuffer& arena, const Quantity& quantity, Value value,
                   QXFMT_BYTES_FORMAT unit_argument, std::int32_t places) {
-  const ResultBlock<128> block(arena);
+  const QuantityBlock block(arena);
   if (block.missing()) return kMemoryError;
-  const auto [unit, grouped] = ChooseUnit(quantity, unit_argument, MagnitudeOf(value));
-  const double number = ScaleValue(quantity.scale, value, unit, places);
-  BoundedPrint<u"%s%s">(block.units(), block.kPrintLimit,
-                        RenderDecimal(arena, number, places, grouped), quantity.unit_texts[unit]);
+  const auto [unit_index, grouped] = ChooseUnit(quantity, unit_argument, MagnitudeOf(value));
+  const UnitText& unit = quantity.unit_texts[unit_index];
+  const double number = ScaleValue(quantity.scale, value, unit_index, places);
+  const NumberBlock number_block(arena);
+  if (number_block.missing() || !PrintFast(block, number, places, grouped, unit)) {
+    BoundedPrint<u"%s%s">(block.units(), block.kPrintLimit,
+                          RenderDecimal(number_block, number, places, grouped), unit.units);
+  }
   return block.Finish();
 }
 
