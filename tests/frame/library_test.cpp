@@ -1,0 +1,91 @@
+// The installed form of the library, with its real arena: memory and threads.
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <qxfmt/qxfmt.h>
+
+#include "support/text.h"
+
+namespace {
+
+thread_local std::size_t allocations = 0;
+thread_local std::size_t allocated = 0;
+
+void* Count(std::size_t size) {
+  ++allocations;
+  allocated += size;
+  return std::malloc(size);
+}
+
+}  // namespace
+
+// Every form that the arena and the standard containers use.
+void* operator new(std::size_t size) {
+  if (void* const memory = Count(size)) return memory;
+  throw std::bad_alloc();
+}
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return Count(size); }
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+
+namespace qxfmt::test {
+namespace {
+
+TEST(Library, OneAllocationForOneResult) {
+  allocations = 0;
+  { CQXDataFormat unused; }
+  EXPECT_EQ(allocations, 0U);
+  {
+    CQXDataFormat format;
+    format.FormatByte(1536, 2);
+  }
+  EXPECT_EQ(allocations, 1U);
+}
+
+TEST(Library, NoAllocationInTheSteadyState) {
+  CQXDataFormat format;
+  for (int round = 0; round < 10; ++round) {
+    if (round == 1) allocations = 0;
+    for (std::uint64_t i = 0; i < 5000; ++i) format.FormatBytePerSecond(i * i * i);
+    format.Reset();
+  }
+  EXPECT_EQ(allocations, 0U);
+}
+
+TEST(Library, AMillionResultsCostTheirBlocks) {
+  constexpr std::size_t kResults = 1'000'000;
+  CQXDataFormat format;
+  allocated = 0;
+  const ResultText first = format.FormatNumber(std::uint16_t{1}, 0);
+  for (std::size_t i = 1; i < kResults; ++i) format.FormatNumber(static_cast<std::uint16_t>(i), 0);
+  EXPECT_EQ(Utf8(first), "1");
+  EXPECT_LT(allocated, kResults * 64 * 11 / 10);
+}
+
+TEST(Library, TwoThreadsOnTwoFormatters) {
+  const auto work = [](int thread) {
+    CQXDataFormat format;
+    for (int i = 0; i < 20000; ++i) {
+      QXFMT_SetTimeAccuracy(static_cast<QXFMT_TIME_ACCURACY>(thread));
+      QXFMT_SetByteFormat(QXFMT_BYTES_AUTO);
+      const auto value = static_cast<std::uint64_t>(1024 * (i % 1000 + 1));
+      const std::string expected = std::to_string(i % 1000 + 1) + ".0 KB";
+      if (Utf8(format.FormatByte(value, 1)) != expected) ADD_FAILURE() << i;
+      if (i % 500 == 0) format.Reset();
+    }
+  };
+  std::thread other(work, 1);
+  work(2);
+  other.join();
+  QXFMT_SetTimeAccuracy(QXFMT_TIME_USECOND);
+}
+
+}  // namespace
+}  // namespace qxfmt::test
