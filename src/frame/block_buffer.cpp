@@ -62,7 +62,7 @@ CQXBlockBuffer::Chunk* CQXBlockBuffer::Allocate(std::size_t block) {
       std::max(std::min<std::size_t>(wanted, largest_chunk_), sizeof(Chunk) + block);
   void* const memory = ::operator new(size, std::nothrow);
   if (memory == nullptr) return nullptr;
-  Chunk* const chunk = new (memory) Chunk{nullptr, size};
+  auto* const chunk = new (memory) Chunk{nullptr, size};
   (last == nullptr ? first_ : last->next) = chunk;
   return chunk;
 }

@@ -347,7 +347,8 @@ std::int32_t BoundedPrint(char16_t* target, std::int32_t limit, const Arguments&
   static_assert(detail::CountPieces<kPattern>() > 0, "not a pattern of this print");
   constexpr std::make_index_sequence<detail::kPieces<kPattern>.size()> kPieceIndices;
   static_assert(detail::CountConversions<kPattern>() == sizeof...(Arguments));
-  [[maybe_unused]] static constexpr auto kConversions = detail::ConversionsOf<kPattern>(kPieceIndices);
+  [[maybe_unused]] static constexpr auto kConversions =
+      detail::ConversionsOf<kPattern>(kPieceIndices);
 
   return [&]<std::size_t... kIndex>(std::index_sequence<kIndex...>) {
     return detail::PrintFields<kPattern>(kPieceIndices, target, limit,

@@ -13,11 +13,14 @@ namespace qxfmt {
 
 namespace detail {
 
-constexpr std::array<char16_t, 200> MakeDecimalPairs() {
-  std::array<char16_t, 200> pairs{};
+struct TwoDigits {
+  char16_t units[2];
+};
+
+constexpr std::array<TwoDigits, 100> MakeDecimalPairs() {
+  std::array<TwoDigits, 100> pairs{};
   for (unsigned i = 0; i < 100; ++i) {
-    pairs[2 * i] = static_cast<char16_t>(u'0' + i / 10);
-    pairs[2 * i + 1] = static_cast<char16_t>(u'0' + i % 10);
+    pairs[i] = {{static_cast<char16_t>(u'0' + i / 10), static_cast<char16_t>(u'0' + i % 10)}};
   }
   return pairs;
 }
@@ -39,7 +42,7 @@ constexpr std::array<CommaAndThreeDigits, 1000> MakeDecimalTriples() {
 }  // namespace detail
 
 // "00" to "99".
-inline constexpr std::array<char16_t, 200> kDecimalPairs = detail::MakeDecimalPairs();
+inline constexpr std::array<detail::TwoDigits, 100> kDecimalPairs = detail::MakeDecimalPairs();
 
 // ",000" to ",999": a group with the comma before it is one 8-byte store.
 inline constexpr std::array<detail::CommaAndThreeDigits, 1000> kDecimalTriples =
@@ -78,7 +81,7 @@ inline std::int32_t CountDigits(std::uint64_t value) {
 
 // Writes the two digits of a value below 100.
 inline void WriteDigitPair(char16_t* out, std::uint32_t value) {
-  std::memcpy(out, &kDecimalPairs[2 * value], 2 * sizeof(char16_t));
+  std::memcpy(out, &kDecimalPairs[value], sizeof(detail::TwoDigits));
 }
 
 // Writes the last `count` decimal digits of the value to out[0] .. out[count - 1], filled with

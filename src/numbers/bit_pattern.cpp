@@ -16,7 +16,7 @@ constexpr std::array<Nibble, 16> MakeNibbles() {
   std::array<Nibble, 16> nibbles{};
   for (unsigned value = 0; value < 16; ++value) {
     for (unsigned bit = 0; bit < 4; ++bit) {
-      nibbles[value].bits[bit] = (value >> (3 - bit)) & 1 ? u'1' : u'0';
+      nibbles[value].bits[bit] = ((value >> (3 - bit)) & 1) != 0 ? u'1' : u'0';
     }
   }
   return nibbles;

@@ -58,7 +58,7 @@ std::int64_t MagnitudeOf(double value) {
 
 // From 2^63 on in two rounded steps: as a signed number, and then 2^64 added.
 double ToDouble(std::uint64_t value) {
-  const double converted = static_cast<double>(static_cast<std::int64_t>(value));
+  const auto converted = static_cast<double>(static_cast<std::int64_t>(value));
   return (value >> 63) != 0 ? converted + 0x1p64 : converted;
 }
 
@@ -77,13 +77,13 @@ using QuantityBlock = ResultBlock<128>;
 // Straight into the result: most of the time that a number's own block and a copy would take is the
 // copy. False if the number is none for the fast path or could come near the limit.
 bool PrintFast(const QuantityBlock& block, double number, std::int32_t places, std::int32_t grouped,
-               const UnitText& unit) {
+               const char16_t* unit) {
   FastDecimal decimal;
   if (!decimal.Read(number, ClampPlaces(places)) || decimal.is_wide()) return false;
-  static_assert(FastDecimal::kNarrowSize + UnitText::kMaxSize < QuantityBlock::kPrintLimit);
+  static_assert(FastDecimal::kNarrowSize + kMaxUnitSize < QuantityBlock::kPrintLimit);
   char16_t* const end = grouped != 0 ? decimal.Write<Grouping::kCommas>(block.units())
                                      : decimal.Write<Grouping::kNone>(block.units());
-  std::memcpy(end, unit.units, sizeof(unit.units));
+  std::memcpy(end, unit, (kMaxUnitSize + 1) * sizeof(char16_t));  // terminated, whatever its size
   return true;
 }
 
@@ -93,12 +93,12 @@ ResultText Format(CQXBlockBuffer& arena, const Quantity& quantity, Value value,
   const QuantityBlock block(arena);
   if (block.missing()) return kMemoryError;
   const auto [unit_index, grouped] = ChooseUnit(quantity, unit_argument, MagnitudeOf(value));
-  const UnitText& unit = quantity.unit_texts[unit_index];
+  const char16_t* const unit = quantity.unit_texts[unit_index];
   const double number = ScaleValue(quantity.scale, value, unit_index, places);
   const NumberBlock number_block(arena);
   if (number_block.missing() || !PrintFast(block, number, places, grouped, unit)) {
     BoundedPrint<u"%s%s">(block.units(), block.kPrintLimit,
-                          RenderDecimal(number_block, number, places, grouped), unit.units);
+                          RenderDecimal(number_block, number, places, grouped), unit);
   }
   return block.Finish();
 }

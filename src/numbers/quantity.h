@@ -17,17 +17,14 @@ enum class Scale : std::uint8_t {
   kDecimal,  // bits, by powers of 1000
 };
 
-// The text behind the number, its blank before it; filled up with terminators.
-struct UnitText {
-  static constexpr std::int32_t kMaxSize = 5;
-  char16_t units[kMaxSize + 1];
-};
+inline constexpr std::int32_t kMaxUnitSize = 5;
 
 // What a family of operations has of its own.
 struct Quantity {
   Scale scale;
   const Setting<QXFMT_BYTES_FORMAT>& unit_setting;
-  UnitText unit_texts[5];  // QXFMT_BYTES_B to QXFMT_BYTES_TB
+  // QXFMT_BYTES_B to QXFMT_BYTES_TB, each with the blank before it.
+  char16_t unit_texts[5][kMaxUnitSize + 1];
 };
 
 // unit: the caller's argument, QXFMT_BYTES_AUTO where there is none.
