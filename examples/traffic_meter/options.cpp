@@ -1,0 +1,109 @@
+#include "traffic_meter/options.h"
+
+#include <charconv>
+#include <cstring>
+#include <string_view>
+
+namespace meter {
+
+const char* const kUsage =
+    R"(usage: traffic_meter [options]
+Shows what this host's network interfaces have carried, and then what they carry.
+
+  -i, --interval SECONDS  time between two readings, 0.1 to 3600 (default 1)
+  -n, --rounds COUNT      readings to show; 0: until interrupted (default 5)
+  -1, --once              the totals alone
+  -d, --decimals COUNT    decimals of sizes, rates and shares, 0 to 32 (default 2)
+  -u, --unit UNIT         auto, B, KB, MB, GB or TB (default auto)
+      --root DIRECTORY    read DIRECTORY/proc and DIRECTORY/sys in place of this host's
+  -h, --help              this text
+)";
+
+namespace {
+
+// Walks the command line; an option's value is the next argument.
+class Arguments {
+ public:
+  Arguments(int argc, const char* const* argv) : argv_(argv + 1), end_(argv + argc) {}
+
+  bool Next() {
+    if (argv_ >= end_) return false;
+    option_ = *argv_++;
+    return true;
+  }
+
+  const std::string& option() const { return option_; }
+
+  bool Is(const char* name, const char* letter = "") const {
+    return option_ == name || (*letter != '\0' && option_ == letter);
+  }
+
+  std::string Value() {
+    if (argv_ == end_) throw UsageError(option_ + " needs a value");
+    return *argv_++;
+  }
+
+  [[noreturn]] void Refuse(const std::string& value, const char* wanted) const {
+    throw UsageError(option_ + " takes " + wanted + ", not '" + value + "'");
+  }
+
+  // A number within bounds, read to its last character.
+  template <typename Number>
+  Number ValueWithin(Number least, Number most, const char* wanted) {
+    const std::string value = Value();
+    Number number{};
+    const char* const end = value.data() + value.size();
+    const auto [stop, error] = std::from_chars(value.data(), end, number);
+    if (error != std::errc() || stop != end || !(number >= least && number <= most)) {
+      Refuse(value, wanted);
+    }
+    return number;
+  }
+
+  // The value's place in a list of words.
+  template <typename Choice>
+  Choice ValueAmong(std::initializer_list<std::string_view> words, const char* wanted) {
+    const std::string value = Value();
+    int index = 0;
+    for (const std::string_view word : words) {
+      if (word == value) return static_cast<Choice>(index);
+      ++index;
+    }
+    Refuse(value, wanted);
+  }
+
+ private:
+  const char* const* argv_;
+  const char* const* end_;
+  std::string option_;
+};
+
+}  // namespace
+
+Options ParseOptions(int argc, const char* const* argv) {
+  Options options;
+  Arguments arguments(argc, argv);
+  while (arguments.Next()) {
+    if (arguments.Is("--interval", "-i")) {
+      options.interval = arguments.ValueWithin(0.1, 3600.0, "seconds from 0.1 to 3600");
+    } else if (arguments.Is("--rounds", "-n")) {
+      options.rounds = arguments.ValueWithin<std::uint64_t>(0, UINT64_MAX, "a count");
+    } else if (arguments.Is("--once", "-1")) {
+      options.once = true;
+    } else if (arguments.Is("--decimals", "-d")) {
+      options.decimals = arguments.ValueWithin<std::int32_t>(0, 32, "a count from 0 to 32");
+    } else if (arguments.Is("--unit", "-u")) {
+      options.unit = arguments.ValueAmong<QXFMT_BYTES_FORMAT>({"auto", "B", "KB", "MB", "GB", "TB"},
+                                                              "auto, B, KB, MB, GB or TB");
+    } else if (arguments.Is("--root")) {
+      options.root = arguments.Value();
+    } else if (arguments.Is("--help", "-h")) {
+      options.help = true;
+    } else {
+      throw UsageError("unknown option '" + arguments.option() + "'");
+    }
+  }
+  return options;
+}
+
+}  // namespace meter
