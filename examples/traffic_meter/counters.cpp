@@ -40,6 +40,16 @@ bool ParseLine(const std::string& line, Interface& interface) {
   return !fields.fail();
 }
 
+std::runtime_error BadLine(const std::string& path, const std::string& line) {
+  return std::runtime_error(path + ": not a line of counters: '" + line + "'");
+}
+
+void ReadEntries(const std::string& directory, Interface& interface) {
+  const std::string entries = directory + interface.name;
+  interface.state = ReadLine(entries + "/operstate");
+  interface.megabits = ReadNumber(entries + "/speed");
+}
+
 }  // namespace
 
 std::vector<Interface> ReadInterfaces(const std::string& root) {
@@ -56,13 +66,8 @@ std::vector<Interface> ReadInterfaces(const std::string& root) {
   std::vector<Interface> interfaces;
   while (std::getline(file, line)) {
     Interface interface;
-    if (!ParseLine(line, interface)) {
-      throw std::runtime_error(path + ": not a line of counters: '" + line + "'");
-    }
-    std::string entries = root + "/sys/class/net/";
-    entries += interface.name;
-    interface.state = ReadLine(entries + "/operstate");
-    interface.megabits = ReadNumber(entries + "/speed");
+    if (!ParseLine(line, interface)) throw BadLine(path, line);
+    ReadEntries(root + "/sys/class/net/", interface);
     interfaces.push_back(interface);
   }
   return interfaces;

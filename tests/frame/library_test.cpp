@@ -26,14 +26,17 @@ void* Count(std::size_t size) {
 
 }  // namespace
 
-// Every form that the arena and the standard containers use.
+// Every form that the arena and the standard containers use. Not inlined: g++ would take a free
+// that it sees directly for one that does not match its new.
 void* operator new(std::size_t size) {
   if (void* const memory = Count(size)) return memory;
   throw std::bad_alloc();
 }
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return Count(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
 
 namespace qxfmt::test {
 namespace {
