@@ -75,6 +75,33 @@ void RegisterIntegers() {
 #endif
 }
 
+// The peers of an operation that prints a number with two places, and a unit behind it or not.
+// `scale(value)` gives what to print.
+struct Scaled {
+  double number;
+  const char* unit;
+};
+
+template <typename Value, typename Scale>
+void DecimalPeers(const std::string& operation, const std::vector<Value>& values, Scale scale) {
+  Peer(operation, "snprintf", values, [scale](char* out, Value v) {
+    const Scaled scaled = scale(v);
+    return std::snprintf(out, kPeerBuffer, "%.2f%s", scaled.number, scaled.unit);
+  });
+#if defined(QXFMT_WITH_FMT)
+  Peer(operation, "fmt compiled", values, [scale](char* out, Value v) {
+    const Scaled scaled = scale(v);
+    return fmt::format_to(out, FMT_COMPILE("{:.2f}{}"), scaled.number, scaled.unit);
+  });
+#endif
+#if defined(QXFMT_WITH_ABSL)
+  Peer(operation, "absl::SNPrintF", values, [scale](char* out, Value v) {
+    const Scaled scaled = scale(v);
+    return absl::SNPrintF(out, kPeerBuffer, "%.2f%s", scaled.number, scaled.unit);
+  });
+#endif
+}
+
 void RegisterDecimals() {
   const std::vector<double> values = MixedDoubles();
   const char* const plain = "FormatNumberEx double, 2 places";
@@ -92,40 +119,94 @@ void RegisterDecimals() {
   Peer(plain, "absl::SNPrintF", values,
        [](char* out, double v) { return absl::SNPrintF(out, kPeerBuffer, "%.2f", v); });
 #endif
+
+  const char* const decimal = "FormatDecimal";
+  Ours(decimal, values, [](CQXDataFormat& f, double v) { return f.FormatDecimal(v); });
+  Peer(decimal, "std::to_chars", values, [](char* out, double v) {
+    return std::to_chars(out, out + kPeerBuffer, v, std::chars_format::fixed, 2).ptr;
+  });
+  const char* const grouped = "FormatNumber double, grouped";
+  Ours(grouped, values, [](CQXDataFormat& f, double v) { return f.FormatNumber(v, 1); });
+#if defined(QXFMT_WITH_FMT)
+  static const std::locale commas(std::locale::classic(), new CommaPunctuation);
+  Peer(grouped, "fmt with a locale", values,
+       [](char* out, double v) { return fmt::format_to(out, commas, "{:.2Lf}", v); });
+#endif
 }
 
-struct Scaled {
-  double number;
-  const char* unit;
-};
+constexpr const char* kByteUnits[] = {" B", " KB", " MB", " GB", " TB"};
+constexpr const char* kBitRateUnits[] = {" bps", " Kbps", " Mbps", " Gbps", " Tbps"};
 
-Scaled ScaleBytes(std::uint64_t value) {
-  static constexpr const char* kUnits[] = {"B", "KB", "MB", "GB", "TB"};
+Scaled ScaleBy(double step, double number, const char* const* units) {
   int unit = 0;
-  auto number = static_cast<double>(value);
-  for (; number >= 1024 && unit < 4; ++unit) number /= 1024;
-  return {number, kUnits[unit]};
+  for (; number >= step && unit < 4; ++unit) number /= step;
+  return {number, units[unit]};
 }
 
 void RegisterQuantities() {
-  const std::vector<std::uint64_t> values = MixedIntegers();
+  const std::vector<std::uint64_t> counts = MixedIntegers();
+  const std::vector<double> rates = MixedDoubles();
+
   const char* const bytes = "FormatByte, 2 places";
-  Ours(bytes, values, [](CQXDataFormat& f, std::uint64_t v) { return f.FormatByte(v, 2); });
-  Peer(bytes, "snprintf", values, [](char* out, std::uint64_t v) {
-    const Scaled scaled = ScaleBytes(v);
-    return std::snprintf(out, kPeerBuffer, "%.2f %s", scaled.number, scaled.unit);
+  Ours(bytes, counts, [](CQXDataFormat& f, std::uint64_t v) { return f.FormatByte(v, 2); });
+  DecimalPeers(bytes, counts,
+               [](std::uint64_t v) { return ScaleBy(1024, static_cast<double>(v), kByteUnits); });
+  const char* const bits = "FormatBit, 2 places";
+  Ours(bits, counts, [](CQXDataFormat& f, std::uint64_t v) { return f.FormatBit(v, 2); });
+  DecimalPeers(bits, counts,
+               [](std::uint64_t v) { return ScaleBy(1000, static_cast<double>(v), kByteUnits); });
+  const char* const byte_rate = "FormatBytePerSecond double";
+  Ours(byte_rate, rates, [](CQXDataFormat& f, double v) { return f.FormatBytePerSecond(v); });
+  DecimalPeers(byte_rate, rates, [](double v) { return ScaleBy(1024, v, kByteUnits); });
+  const char* const bit_rate = "FormatBitPerSecond double";
+  Ours(bit_rate, rates, [](CQXDataFormat& f, double v) { return f.FormatBitPerSecond(v); });
+  DecimalPeers(bit_rate, rates, [](double v) { return ScaleBy(1000, v, kBitRateUnits); });
+
+  std::vector<float> shares;
+  for (const double rate : rates) shares.push_back(static_cast<float>(std::fmod(rate, 1.0)));
+  const char* const percentage = "FormatPercentage float";
+  Ours(percentage, shares, [](CQXDataFormat& f, float v) { return f.FormatPercentage(v); });
+  DecimalPeers(percentage, shares, [](float v) {
+    return Scaled{static_cast<double>(v * 100.0F), "%"};
+  });
+}
+
+void RegisterOthers() {
+  const std::vector<std::uint64_t> values = MixedIntegers();
+  const char* const padded = "FormatNumberEx u64, 6 digits";
+  Ours(padded, values, [](CQXDataFormat& f, std::uint64_t v) { return f.FormatNumberEx(v, 6, 0); });
+  Peer(padded, "snprintf", values, [](char* out, std::uint64_t v) {
+    return std::snprintf(out, kPeerBuffer, "%.6llu", static_cast<unsigned long long>(v));
+  });
+  std::vector<std::int32_t> ratios;
+  for (const std::uint64_t value : values) ratios.push_back(static_cast<std::int32_t>(value % 999));
+  const char* const percentage = "FormatPercentage int";
+  Ours(percentage, ratios, [](CQXDataFormat& f, std::int32_t v) { return f.FormatPercentage(v); });
+  Peer(percentage, "snprintf", ratios,
+       [](char* out, std::int32_t v) { return std::snprintf(out, kPeerBuffer, "%d%%", v * 100); });
+  const char* const binary = "FormatBinary u32";
+  Ours(binary, values, [](CQXDataFormat& f, std::uint64_t v) {
+    return f.FormatBinary(static_cast<std::uint32_t>(v));
+  });
+  Peer(binary, "std::to_chars base 2", values, [](char* out, std::uint64_t v) {
+    return std::to_chars(out, out + kPeerBuffer, static_cast<std::uint32_t>(v), 2).ptr;
+  });
+  const char* const single = "one result of a new formatter";
+  Other(single, "qxfmt", values, [](std::uint64_t v) {
+    CQXDataFormat format;
+    return *format.FormatNumber(v, 1);
   });
 #if defined(QXFMT_WITH_FMT)
-  Peer(bytes, "fmt compiled", values, [](char* out, std::uint64_t v) {
-    const Scaled scaled = ScaleBytes(v);
-    return fmt::format_to(out, FMT_COMPILE("{:.2f} {}"), scaled.number, scaled.unit);
+  Peer(padded, "fmt compiled", values,
+       [](char* out, std::uint64_t v) { return fmt::format_to(out, FMT_COMPILE("{:06}"), v); });
+  Peer(percentage, "fmt compiled", ratios,
+       [](char* out, std::int32_t v) { return fmt::format_to(out, FMT_COMPILE("{}%"), v * 100); });
+  Peer(binary, "fmt compiled", values, [](char* out, std::uint64_t v) {
+    return fmt::format_to(out, FMT_COMPILE("{:032b}"), static_cast<std::uint32_t>(v));
   });
-#endif
-#if defined(QXFMT_WITH_ABSL)
-  Peer(bytes, "absl::SNPrintF", values, [](char* out, std::uint64_t v) {
-    const Scaled scaled = ScaleBytes(v);
-    return absl::SNPrintF(out, kPeerBuffer, "%.2f %s", scaled.number, scaled.unit);
-  });
+  static const std::locale commas(std::locale::classic(), new CommaPunctuation);
+  Other(single, "fmt into a std::string", values,
+        [](std::uint64_t v) { return fmt::format(commas, "{:L}", v).size(); });
 #endif
 }
 
@@ -135,6 +216,7 @@ void RegisterNumbers() {
   RegisterIntegers();
   RegisterDecimals();
   RegisterQuantities();
+  RegisterOthers();
 }
 
 }  // namespace qxfmt::bench
