@@ -136,6 +136,49 @@ class QXFMT_API CQXDataFormat {
   ResultText FormatBinary(std::uint32_t value);
   /// @}
 
+  /// @name IPv4 addresses
+  /// @param address the first octet of the text in the lowest 8 bits: 0x0100007F is "127.0.0.1".
+  /// @{
+
+  /// One block of 40 bytes.
+  ResultText FormatIpAddress(std::uint32_t address);
+  /// Prints into the caller's area, takes no block and returns the area. At most the first 16 units
+  /// are touched.
+  /// @param length units of the area. Below 16, which the longest address with its terminator
+  ///   takes, the area is left untouched and the result is "[BUF_LEN_ERR]".
+  ResultText FormatIpAddress(std::uint32_t address, char16_t* buffer, std::int32_t length);
+  /// "127.0.0.1:8080". One block of 128 bytes.
+  ResultText FormatIpPort(std::uint32_t address, std::uint16_t port);
+  /// @}
+
+  /// @name Link-layer addresses
+  /// @{
+
+  /// "00:1A:2B:3C:4D:5E", the octet in the lowest 8 bits first; bits 48 to 63 are ignored. One
+  /// block of 50 bytes.
+  ResultText FormatMacAddress(std::uint64_t address);
+  /// As many octets as `count` says, 1 to 8, in array order; no others are read. For any other
+  /// count the text is "???" and nothing is read. One block of 64 bytes.
+  ResultText FormatMacAddress(const std::uint8_t* octets, std::int32_t count);
+  /// Not implemented: always the static text "NOIMPLEMENT". Reads nothing and takes no block.
+  ResultText FormatIPXAddress(const std::uint8_t* octets, std::int32_t count);
+  /// @}
+
+  /// @name IPv6 addresses
+  /// @param address 16 bytes in network order, only read. Null gives "[INPUT_ERR_NULL]".
+  ///
+  /// Each text is valid under RFC 4291 section 2.2. The run that becomes "::" is the first of the
+  /// longest runs of zero bytes, cut to whole groups; one whole group is enough, and if none is
+  /// left there is no "::". That is why the text can differ from the one of RFC 5952.
+  /// @{
+
+  /// One block of 100 bytes.
+  ResultText FormatIPv6Address(const std::uint8_t* address, QXFMT_IPV6_TYPE type);
+  /// "[2001:db8::1]:443". A failure text of the address stands in the brackets. Two blocks, of 128
+  /// and of 100 bytes; only the first holds the result.
+  ResultText FormatIpv6Port(const std::uint8_t* address, std::uint16_t port, QXFMT_IPV6_TYPE type);
+  /// @}
+
   /// @name Integer types of the same width under another name
   /// `unsigned long long` where `std::uint64_t` is `unsigned long`, and the like: they go to the
   /// overload of their width. A rate or a count takes any unsigned type.

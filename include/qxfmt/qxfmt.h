@@ -3,6 +3,7 @@
 /// @file
 /// All of QXFMT's public interface.
 
+#include <qxfmt/address.h>
 #include <qxfmt/block_buffer.h>
 #include <qxfmt/data_format.h>
 #include <qxfmt/export.h>

@@ -1,0 +1,127 @@
+#pragma once
+
+/// @file
+/// Typed address text back into values, and tests of such text.
+///
+/// Texts are NUL-terminated 16-bit units. Units are compared whole: only the ASCII digits and
+/// letters count as digits, so that neither full-width digits nor units that merely have the low
+/// byte of a digit pass. No text is read behind its terminator or further than an answer needs,
+/// so that any sequence of units, of any length, may be given. A null text is refused like a bad
+/// one.
+///
+/// A test returns exactly 1 or 0. No operation here throws, takes memory, reads a setting or the
+/// locale, or keeps state: any thread may call any of them at any time.
+///
+/// An IPv4 address or a mask is a 32-bit value with the first octet of its text in the lowest 8
+/// bits; a MAC address is a 64-bit value with the first octet in the lowest 8 bits. Both are
+/// defined by arithmetic, the same on every machine.
+///
+/// All functions have C++ linkage, overloaded or not, so that a call with the wrong types does not
+/// link.
+
+#include <cstdint>
+
+#include <qxfmt/export.h>
+#include <qxfmt/text.h>
+
+/// @name IPv4 addresses and ports
+/// @{
+
+/// Reads dotted decimal text of 1 to 15 units, and says how far it got.
+///
+/// Lax: a group may be empty (0) or have up to four digits, always decimal ("0255" is 255), and
+/// trailing groups may be missing: "1.2" gives the octets 1, 2, 0, 0. Refused: any other
+/// character, a value above 255 in a group, a fourth dot, a fifth digit.
+/// @param valid if not null, set to 0 on entry and to 1 at the end if exactly three dots were read.
+/// @return the octets read; 0 for a refused text. "0.0.0.0" is 0 as well: only the flag tells.
+QXFMT_API std::uint32_t QXFMT_GetIpAddress(WideText text, std::int32_t* valid);
+
+/// Strict: exactly four groups of one to three decimal digits, each at most 255, divided by three
+/// dots, and nothing else. Leading zeros are allowed and change nothing: "010" is ten.
+QXFMT_API std::int32_t QXFMT_IsValidIpAddress(WideText text);
+
+/// Reads a port: one to five digits, 65535 at most.
+/// @param valid if not null, set to 0 on entry and to 1 on success.
+/// @return the port; 0 for a refused text. Port 0 is a good port: only the flag tells.
+QXFMT_API std::uint16_t QXFMT_GetPortVal(WideText text, std::int32_t* valid);
+
+/// Whether `QXFMT_GetPortVal` reads the text.
+QXFMT_API std::int32_t QXFMT_IsValidPort(WideText text);
+
+/// 1 for every port, 0 and 65535 included.
+QXFMT_API std::int32_t QXFMT_IsValidPort(std::uint16_t port);
+/// @}
+
+/// @name IPv4 netmasks
+/// @{
+
+/// The mask with that many leading ones, counted from the highest bit of the first octet on.
+/// @param bits the prefix length; above 32 the result is 0.
+QXFMT_API std::uint32_t QXFMT_BitsToMask(std::uint8_t bits);
+
+/// The count of leading ones, 0 to 32. What lies behind the first zero is not looked at:
+/// 255.0.255.0 gives 8.
+QXFMT_API std::uint8_t QXFMT_MaskToBits(std::uint32_t mask);
+
+/// Whether the mask is not 0 and each of its octets, taken by itself, is a run of ones followed by
+/// a run of zeros. The ones need not run through from octet to octet: 255.0.255.0 passes.
+QXFMT_API std::int32_t QXFMT_IsValidIpMask(std::uint32_t mask);
+
+/// The same test on text that `QXFMT_IsValidIpAddress` passes; 0 for any other text.
+QXFMT_API std::int32_t QXFMT_IsValidIpMask(WideText text);
+/// @}
+
+/// @name MAC addresses
+/// @{
+
+/// Reads one or two hexadecimal digits in either case; what stands behind them is not looked at.
+/// @return the first two units as high and low digit; the first alone if the second is no digit;
+///   a first unit that is no digit counts as 0. 0 for a null or an empty text.
+QXFMT_API std::uint8_t QXFMT_GetHexValue(WideText text);
+
+/// Reads text that `QXFMT_IsValidMacAddress` passes. The digits are paired in order of appearance;
+/// separators count for nothing, wherever they stand: "0011-2233-4455" and "001:122:334:455" are
+/// 00:11:22:33:44:55.
+/// @param separator one more unit to pass over while pairing. Only ":" and "-" can stand between
+///   the digits of a text that the test passes, so that any other separator, "." for one, does not
+///   make a text acceptable. A separator that is itself a hexadecimal digit is left out of the
+///   pairs; what is then missing at the end is 0, and a digit left alone is the low half of its
+///   octet.
+/// @return the address, with bits 48 to 63 clear; all 64 bits set for a refused text.
+QXFMT_API std::uint64_t QXFMT_GetMacAddress(WideText text, char16_t separator);
+
+/// The octets as a value, octets[0] in the lowest 8 bits.
+/// @param octets not null; six are read if `count` is 6, and eight otherwise, whatever it is.
+QXFMT_API std::uint64_t QXFMT_GetMacAddress(const std::uint8_t* octets, std::int32_t count);
+
+/// Whether the text has 11 to 17 units, all of them hexadecimal digits, ":" or "-", and exactly
+/// twelve digits. Where the separators stand does not matter.
+QXFMT_API std::int32_t QXFMT_IsValidMacAddress(WideText text);
+
+/// 1 for every value.
+QXFMT_API std::int32_t QXFMT_IsValidMacAddress(std::uint64_t address);
+
+/// 1 for all octets and every count, null and 0 included; nothing is read.
+QXFMT_API std::int32_t QXFMT_IsValidMacAddress(const std::uint8_t* octets, std::int32_t count);
+/// @}
+
+/// @name IPv6 addresses
+/// @{
+
+/// Reads the text forms of RFC 4291 section 2.2: eight groups, "::" for one or more zero groups,
+/// and a dotted decimal tail for the last two (each part one to three digits, leading zeros
+/// allowed, always decimal). Reads every text that `FormatIPv6Address` writes.
+///
+/// Beyond the RFC it takes blanks (U+0020): before and behind the text, inside a group, beside a
+/// colon, a "::" or a point, but not between the colons of a "::". It takes an empty first dotted
+/// part ("::.1.2.3"), an empty second or third one with a blank in it ("::1. .2.3"), and, in a text
+/// with "::", a final colon with a blank behind it. Refused are zone suffixes, prefix lengths,
+/// brackets, and texts of 100 units or more, not counting leading blanks, which may be any number.
+/// @param address 16 bytes in network order, written at the end of success and untouched otherwise;
+///   null to only test.
+/// @return 1 if the text was read, else 0.
+QXFMT_API std::int32_t QXFMT_GetIPv6Address(WideText text, std::uint8_t* address);
+
+/// Whether `QXFMT_GetIPv6Address` reads the text.
+QXFMT_API std::int32_t QXFMT_IsValidIPv6Address(WideText text);
+/// @}
