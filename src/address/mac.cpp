@@ -1,0 +1,96 @@
+#include <cstring>
+
+#include <qxfmt/address.h>
+#include <qxfmt/data_format.h>
+
+#include "address/hex.h"
+#include "address/octets.h"
+#include "frame/result_block.h"
+
+namespace {
+
+constexpr std::uint64_t kNoAddress = ~std::uint64_t{0};
+constexpr int kOctets = 6;
+constexpr int kMaxOctets = 8;
+constexpr char16_t kBadCount[] = u"???";
+
+// Prints an octet and the colon behind it. By table: a general print of six fields takes longer.
+inline char16_t* WriteOctet(char16_t* out, std::uint8_t octet) {
+  qxfmt::WriteHexPair(out, qxfmt::kHexPairsUpper[octet]);
+  out[2] = u':';
+  return out + 3;
+}
+
+}  // namespace
+
+ResultText CQXDataFormat::FormatMacAddress(std::uint64_t address) {
+  const qxfmt::ResultBlock<50> block(blocks_);
+  if (block.missing()) return qxfmt::kMemoryError;
+  char16_t* end = block.units();
+  for (int i = 0; i < kOctets; ++i) {
+    end = WriteOctet(end, static_cast<std::uint8_t>(address >> (8 * i)));
+  }
+  end[-1] = u'\0';  // in place of the last colon
+  return block.units();
+}
+
+ResultText CQXDataFormat::FormatMacAddress(const std::uint8_t* octets, std::int32_t count) {
+  const qxfmt::ResultBlock<64> block(blocks_);
+  if (block.missing()) return qxfmt::kMemoryError;
+  if (count < 1 || count > kMaxOctets) {
+    std::memcpy(block.units(), kBadCount, sizeof(kBadCount));
+    return block.Finish();
+  }
+  char16_t* end = block.units();
+  for (std::int32_t i = 0; i < count; ++i) end = WriteOctet(end, octets[i]);
+  end[-1] = u'\0';
+  return block.Finish();
+}
+
+ResultText CQXDataFormat::FormatIPXAddress(const std::uint8_t* /*octets*/, std::int32_t /*count*/) {
+  return u"NOIMPLEMENT";
+}
+
+std::uint8_t QXFMT_GetHexValue(WideText text) {
+  if (text == nullptr || text[0] == u'\0') return 0;
+  const std::uint32_t first = qxfmt::HexDigit(text[0]);
+  const std::uint32_t high = first > 0xF ? 0 : first;
+  const std::uint32_t low = qxfmt::HexDigit(text[1]);
+  return static_cast<std::uint8_t>(low > 0xF ? high : high << 4 | low);
+}
+
+std::uint64_t QXFMT_GetMacAddress(WideText text, char16_t separator) {
+  constexpr int kMaxLength = 17;
+  constexpr int kDigits = 2 * kOctets;
+  if (text == nullptr) return kNoAddress;
+  std::uint8_t octets[kOctets]{};
+  int digits = 0;
+  int paired = 0;  // fewer than the digits if the separator is one
+  for (int i = 0; text[i] != u'\0'; ++i) {
+    if (i == kMaxLength) return kNoAddress;
+    const char16_t unit = text[i];
+    if (unit == u':' || unit == u'-') continue;
+    const std::uint32_t digit = qxfmt::HexDigit(unit);
+    if (digit > 0xF || digits == kDigits) return kNoAddress;
+    ++digits;
+    if (unit == separator) continue;
+    std::uint8_t& octet = octets[paired++ / 2];
+    octet = static_cast<std::uint8_t>(std::uint32_t{octet} << 4 | digit);
+  }
+  return digits == kDigits ? qxfmt::ReadOctets<kOctets>(octets) : kNoAddress;
+}
+
+std::uint64_t QXFMT_GetMacAddress(const std::uint8_t* octets, std::int32_t count) {
+  return count == kOctets ? qxfmt::ReadOctets<kOctets>(octets)
+                          : qxfmt::ReadOctets<kMaxOctets>(octets);
+}
+
+std::int32_t QXFMT_IsValidMacAddress(WideText text) {
+  return QXFMT_GetMacAddress(text, u':') != kNoAddress ? 1 : 0;
+}
+
+std::int32_t QXFMT_IsValidMacAddress(std::uint64_t /*address*/) { return 1; }
+
+std::int32_t QXFMT_IsValidMacAddress(const std::uint8_t* /*octets*/, std::int32_t /*count*/) {
+  return 1;
+}
