@@ -81,6 +81,7 @@ void Register(const std::string& operation, const std::string& implementation,
   benchmark::RegisterBenchmark((operation + "|" + implementation).c_str(), std::move(body));
 }
 
+void RegisterAddresses();
 void RegisterNumbers();
 
 }  // namespace qxfmt::bench
@@ -88,6 +89,7 @@ void RegisterNumbers();
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+  qxfmt::bench::RegisterAddresses();
   qxfmt::bench::RegisterNumbers();
   qxfmt::bench::RatioReporter reporter;
   if (benchmark::RunSpecifiedBenchmarks(&reporter) == 0) {
