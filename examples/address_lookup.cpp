@@ -1,0 +1,216 @@
+// Says what each address typed in is, in every form that the library has.
+//
+//   $ address_lookup 10.0.0.1/24
+//   10.0.0.1/24
+//     IPv4     10.0.0.1
+//     mask     255.255.255.0
+//     prefix   24
+//     network  10.0.0.0
+
+#include <cstdint>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+#include <qxfmt/qxfmt.h>
+
+#include "utf8.h"
+
+namespace {
+
+using examples::FromUtf8;
+using examples::ToUtf8;
+
+constexpr std::string_view kHelp =
+    "Usage: address_lookup [ADDRESS...]\n"
+    "Prints each ADDRESS, or each line of standard input if there are none, in all its forms:\n"
+    "  IPv4 address         10.0.0.1\n"
+    "  with netmask         10.0.0.1/24, 10.0.0.1/255.255.255.0, '10.0.0.1 255.255.255.0'\n"
+    "  with port            10.0.0.1:80, [2001:db8::1]:443\n"
+    "  IPv6 address         2001:db8::1\n"
+    "  MAC address          00:1a:2b:3c:4d:5e, 001a-2b3c-4d5e\n"
+    "  port                 8080\n"
+    "Exit status: 0 if all were read, 1 if any was refused, 2 if the output could not be "
+    "written.\n";
+
+// Far beyond the longest text that any operation accepts.
+constexpr std::size_t kMaxBytes = 256;
+
+// The forms of one text, or why it has none.
+class Lookup {
+ public:
+  explicit Lookup(const std::u16string& text) {
+    const bool has_mask = ReadWithMask(text);
+    const bool has_port = ReadWithPort(text);
+    // A text can be more than one of these: "::0011:2233:4455" is a MAC address as well.
+    const bool is_ipv4 = ReadIpv4(text);
+    const bool is_ipv6 = ReadIpv6(text);
+    const bool is_mac = ReadMac(text);
+    const bool is_port = ReadPort(text);
+    accepted_ = has_mask || has_port || is_ipv4 || is_ipv6 || is_mac || is_port;
+    if (reason_.empty()) reason_ = "neither an IPv4, IPv6 or MAC address nor a port";
+  }
+
+  bool accepted() const { return accepted_; }
+  const std::string& forms() const { return forms_; }
+  const std::string& reason() const { return reason_; }
+
+ private:
+  void Add(std::string_view name, const std::string& form) {
+    forms_.append("  ").append(name).append(9 - name.size(), ' ').append(form).append("\n");
+  }
+  void Add(std::string_view name, ResultText form) { Add(name, ToUtf8(form)); }
+
+  bool ReadIpv4(const std::u16string& text) {
+    if (QXFMT_IsValidIpAddress(text.c_str()) == 0) return false;
+    Add("IPv4", format_.FormatIpAddress(QXFMT_GetIpAddress(text.c_str(), nullptr)));
+    return true;
+  }
+
+  bool ReadIpv6(const std::u16string& text) {
+    std::uint8_t address[16];
+    if (QXFMT_GetIPv6Address(text.c_str(), address) == 0) return false;
+    Add("IPv6", format_.FormatIPv6Address(address, QXFMT_IPV6_COMPRESSED));
+    Add("full", format_.FormatIPv6Address(address, QXFMT_IPV6_FULL));
+    Add("dotted", format_.FormatIPv6Address(address, QXFMT_IPV6_EMBEDDED_V4));
+    return true;
+  }
+
+  bool ReadMac(const std::u16string& text) {
+    if (QXFMT_IsValidMacAddress(text.c_str()) == 0) return false;
+    Add("MAC", format_.FormatMacAddress(QXFMT_GetMacAddress(text.c_str(), u':')));
+    return true;
+  }
+
+  bool ReadPort(const std::u16string& text) {
+    std::int32_t valid = 0;
+    const std::uint16_t port = QXFMT_GetPortVal(text.c_str(), &valid);
+    if (valid != 0) Add("port", std::to_string(port));
+    return valid != 0;
+  }
+
+  // ADDRESS/PREFIX, ADDRESS/MASK or ADDRESS MASK
+  bool ReadWithMask(const std::u16string& text) {
+    const std::size_t slash = text.find_first_of(u"/ ");
+    if (slash == text.npos) return false;
+    const std::u16string head = text.substr(0, slash);
+    if (QXFMT_IsValidIpAddress(head.c_str()) == 0) {
+      if (text[slash] == u'/') reason_ = "not an IPv4 address before the '/'";
+      return false;
+    }
+    const std::u16string tail = text.substr(slash + 1);
+    std::uint32_t mask = 0;
+    if (!ReadMask(tail, mask)) return false;
+    const std::uint32_t address = QXFMT_GetIpAddress(head.c_str(), nullptr);
+    const std::uint8_t bits = QXFMT_MaskToBits(mask);
+    const bool has_holes = QXFMT_BitsToMask(bits) != mask;
+    ReadIpv4(head);
+    Add("mask", format_.FormatIpAddress(mask));
+    Add("prefix", has_holes ? "none, the mask has holes" : std::to_string(bits));
+    Add("network", format_.FormatIpAddress(address & mask));
+    return true;
+  }
+
+  bool ReadMask(const std::u16string& text, std::uint32_t& mask) {
+    std::int32_t is_number = 0;
+    const std::uint16_t bits = QXFMT_GetPortVal(text.c_str(), &is_number);
+    if (is_number != 0 && bits <= 32) {
+      mask = QXFMT_BitsToMask(static_cast<std::uint8_t>(bits));
+      return true;
+    }
+    mask = QXFMT_GetIpAddress(text.c_str(), nullptr);
+    if (QXFMT_IsValidIpMask(text.c_str()) != 0) return true;
+    reason_ = is_number != 0 ? "a prefix length above 32" : "not a netmask behind the address";
+    return false;
+  }
+
+  // ADDRESS:PORT or [ADDRESS]:PORT
+  bool ReadWithPort(const std::u16string& text) {
+    const std::size_t colon = text.rfind(u':');
+    if (colon == text.npos) return false;
+    std::int32_t valid = 0;
+    const std::uint16_t port = QXFMT_GetPortVal(text.c_str() + colon + 1, &valid);
+    const std::u16string head = text.substr(0, colon);
+    const bool has_brackets = head.size() > 2 && head.front() == u'[' && head.back() == u']';
+    const bool is_ipv4 = QXFMT_IsValidIpAddress(head.c_str()) != 0;
+    if (!is_ipv4 && !has_brackets) return false;
+    if (valid == 0) {
+      reason_ = "not a port behind the address";
+      return false;
+    }
+    if (is_ipv4) {
+      ReadIpv4(head);
+      Add("port", format_.FormatIpPort(QXFMT_GetIpAddress(head.c_str(), nullptr), port));
+      return true;
+    }
+    const std::u16string inner = head.substr(1, head.size() - 2);
+    std::uint8_t address[16];
+    if (QXFMT_GetIPv6Address(inner.c_str(), address) == 0) {
+      reason_ = "not an IPv6 address in the brackets";
+      return false;
+    }
+    ReadIpv6(inner);
+    Add("port", format_.FormatIpv6Port(address, port, QXFMT_IPV6_COMPRESSED));
+    return true;
+  }
+
+  CQXDataFormat format_;
+  std::string forms_;
+  std::string reason_;
+  bool accepted_ = false;
+};
+
+// For a terminal: no control characters, whatever was typed.
+std::string Shown(std::u16string text) {
+  for (char16_t& unit : text) {
+    if (unit < u' ' || (unit >= 0x7F && unit < 0xA0)) unit = u'?';
+  }
+  return ToUtf8(text.c_str());
+}
+
+bool Judge(std::string_view typed) {
+  if (typed.size() > kMaxBytes) {
+    std::cerr << "address_lookup: " << Shown(FromUtf8(typed.substr(0, 40))) << "...: too long\n";
+    return false;
+  }
+  const std::u16string text = FromUtf8(typed);
+  const Lookup lookup(text);
+  if (!lookup.accepted()) {
+    std::cerr << "address_lookup: " << Shown(text) << ": " << lookup.reason() << "\n";
+    return false;
+  }
+  std::cout << Shown(text) << "\n" << lookup.forms();
+  return true;
+}
+
+// A line without its blanks at both ends. Keeps no more of it than shows that it is too long.
+bool ReadLine(std::istream& in, std::string& line) {
+  line.clear();
+  char byte = 0;
+  bool any = false;
+  while (in.get(byte)) {
+    any = true;
+    if (byte == '\n') break;
+    if (line.size() <= kMaxBytes) line += byte;
+  }
+  const std::size_t begin = line.find_first_not_of(" \t\r");
+  line = begin == line.npos ? "" : line.substr(begin, line.find_last_not_of(" \t\r") + 1 - begin);
+  return any;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  bool all_read = true;
+  if (argc > 1 && std::string_view(argv[1]) == "--help") {
+    std::cout << kHelp;
+  } else if (argc > 1) {
+    for (int i = 1; i < argc; ++i) all_read = Judge(argv[i]) && all_read;
+  } else {
+    for (std::string line; ReadLine(std::cin, line);) {
+      if (!line.empty()) all_read = Judge(line) && all_read;
+    }
+  }
+  if (!std::cout.flush()) return 2;
+  return all_read ? 0 : 1;
+}
