@@ -15,23 +15,17 @@ TEST(Mac, Prints) {
   ArenaScript arena;
   CQXDataFormat format;
   EXPECT_EQ(Utf8(format.FormatMacAddress(0xFFFF5E4D3C2B1A00)), "00:1A:2B:3C:4D:5E");
-  const std::string all = "00:1A:2B:3C:4D:5E:6F:70";
-  for (std::int32_t count = -1; count <= 9; ++count) {
-    // No more octets than those that may be read.
-    const std::vector<std::uint8_t> octets(kOctets, kOctets + (count > 8 ? 0 : std::max(count, 0)));
-    const ResultText text = format.FormatMacAddress(octets.data(), count);
-    EXPECT_EQ(Utf8(text),
-              octets.empty() ? "???" : all.substr(0, static_cast<std::size_t>(3 * count - 1)));
-    EXPECT_EQ(text[31], u'\0');
+  for (const std::size_t count : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U}) {
+    const std::vector<std::uint8_t> octets(kOctets, kOctets + count);  // no more may be read
+    EXPECT_EQ(Utf8(format.FormatMacAddress(octets.data(), static_cast<std::int32_t>(count))),
+              std::string("00:1A:2B:3C:4D:5E:6F:70").substr(0, 3 * count - 1));
   }
+  for (const int bad : {0, 9, -1}) EXPECT_EQ(Utf8(format.FormatMacAddress(nullptr, bad)), "???");
   arena.RefuseAll();
   EXPECT_EQ(Utf8(format.FormatMacAddress(0)), "[MEM_ERR]");
   EXPECT_EQ(Utf8(format.FormatMacAddress(kOctets, 9)), "[MEM_ERR]");
   EXPECT_EQ(Utf8(format.FormatIPXAddress(nullptr, -1)), "NOIMPLEMENT");
-  Sizes sizes(13, 64);
-  sizes.front() = sizes[12] = 50;
-  sizes.push_back(64);
-  EXPECT_EQ(arena.TakeSizes(), sizes);
+  EXPECT_EQ(arena.TakeSizes(), (Sizes{50, 64, 64, 64, 64, 64, 64, 64, 64, 64, 64, 64, 50, 64}));
 }
 
 TEST(Mac, HexValue) {
