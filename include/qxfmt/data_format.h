@@ -144,6 +144,7 @@ class QXFMT_API CQXDataFormat {
   ResultText FormatIpAddress(std::uint32_t address);
   /// Prints into the caller's area, takes no block and returns the area. At most the first 16 units
   /// are touched.
+  /// @param buffer the area; not null unless the length is refused.
   /// @param length units of the area. Below 16, which the longest address with its terminator
   ///   takes, the area is left untouched and the result is "[BUF_LEN_ERR]".
   ResultText FormatIpAddress(std::uint32_t address, char16_t* buffer, std::int32_t length);

@@ -14,11 +14,25 @@ constexpr int kOctets = 6;
 constexpr int kMaxOctets = 8;
 constexpr char16_t kBadCount[] = u"???";
 
-// Prints an octet and the colon behind it. By table: a general print of six fields takes longer.
+// Prints an octet and the colon behind it. By table: a general print of six fields takes nearly
+// twice as long.
 inline char16_t* WriteOctet(char16_t* out, std::uint8_t octet) {
   qxfmt::WriteHexPair(out, qxfmt::kHexPairsUpper[octet]);
   out[2] = u':';
   return out + 3;
+}
+
+// The address whose octets, first to last, are the pairs of the digits that `spelled` holds, the
+// last digit lowest. A digit left alone is the low half of its octet; octets without digits are 0.
+std::uint64_t PairDigits(std::uint64_t spelled, int digits) {
+  if (digits % 2 != 0) {
+    spelled = spelled >> 4 << 8 | (spelled & 0xF);
+    ++digits;
+  }
+  spelled <<= 4 * (2 * kOctets - digits);
+  std::uint64_t address = 0;
+  for (int i = 0; i < kOctets; ++i, spelled >>= 8) address = address << 8 | (spelled & 0xFF);
+  return address;
 }
 
 }  // namespace
@@ -63,7 +77,7 @@ std::uint64_t QXFMT_GetMacAddress(WideText text, char16_t separator) {
   constexpr int kMaxLength = 17;
   constexpr int kDigits = 2 * kOctets;
   if (text == nullptr) return kNoAddress;
-  std::uint8_t octets[kOctets]{};
+  std::uint64_t spelled = 0;
   int digits = 0;
   int paired = 0;  // fewer than the digits if the separator is one
   for (int i = 0; text[i] != u'\0'; ++i) {
@@ -74,10 +88,10 @@ std::uint64_t QXFMT_GetMacAddress(WideText text, char16_t separator) {
     if (digit > 0xF || digits == kDigits) return kNoAddress;
     ++digits;
     if (unit == separator) continue;
-    std::uint8_t& octet = octets[paired++ / 2];
-    octet = static_cast<std::uint8_t>(std::uint32_t{octet} << 4 | digit);
+    spelled = spelled << 4 | digit;
+    ++paired;
   }
-  return digits == kDigits ? qxfmt::ReadOctets<kOctets>(octets) : kNoAddress;
+  return digits == kDigits ? PairDigits(spelled, paired) : kNoAddress;
 }
 
 std::uint64_t QXFMT_GetMacAddress(const std::uint8_t* octets, std::int32_t count) {
