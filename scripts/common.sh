@@ -37,3 +37,16 @@ build_preset() {
   cmake --preset "$preset" >/dev/null || fail "cannot configure the preset $preset"
   cmake --build "build/$preset" ${1:+--target "$@"} || fail "the build of $preset failed"
 }
+
+# Runs each fuzz target of the sanitize preset for so many seconds. usage: run_fuzzers SECONDS
+run_fuzzers() {
+  local target log
+  for target in build/sanitize/fuzz/fuzz_*; do
+    [ -x "$target" ] && [ -f "$target" ] || continue
+    mkdir -p "build/corpus/${target##*/}"
+    log=$target.log
+    "$target" -max_total_time="$1" -max_len=256 -artifact_prefix="$target-" \
+      "build/corpus/${target##*/}" >"$log" 2>&1 || fail "$target found a fault: $(tail -n 40 "$log")"
+    echo "${target##*/}: $(tail -n 1 "$log")"
+  done
+}
