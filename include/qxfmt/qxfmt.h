@@ -8,5 +8,6 @@
 #include <qxfmt/data_format.h>
 #include <qxfmt/export.h>
 #include <qxfmt/formats.h>
+#include <qxfmt/growable_text.h>
 #include <qxfmt/settings.h>
 #include <qxfmt/text.h>

@@ -1,0 +1,184 @@
+#pragma once
+
+/// @file
+/// The text that grows on demand, and the exception that it can raise. Worded durations use it.
+
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <memory_resource>
+#include <string_view>
+#include <type_traits>
+
+#include <qxfmt/export.h>
+#include <qxfmt/text.h>
+
+/// Raised when an operation on a `GrowableText` fails; nothing else in the library throws.
+class QXFMT_API StatusException : public std::exception {
+ public:
+  /// Memory cannot be had, when a text is created or when it grows.
+  static constexpr std::uint32_t kNoMemory = 0x8007000E;
+  /// There is no memory resource, or the length of a formatted text cannot be worked out.
+  static constexpr std::uint32_t kFailed = 0x80004005;
+  /// An argument is invalid: no text or format, a negative length, or one above the capacity.
+  static constexpr std::uint32_t kInvalidArgument = 0x80070057;
+
+  explicit StatusException(std::uint32_t status) noexcept : status_(status) {}
+  StatusException(const StatusException&) noexcept = default;
+  StatusException& operator=(const StatusException&) noexcept = default;
+  ~StatusException() override;
+
+  /// One of the three codes.
+  std::uint32_t status() const noexcept { return status_; }
+
+  /// The same in a few English words; a static text.
+  const char* what() const noexcept override;
+
+ private:
+  std::uint32_t status_;
+};
+
+namespace qxfmt {
+
+/// An argument of `GrowableText::append_format`, with the type that it came in. Does not own a
+/// text.
+class FormatArgument {
+ public:
+  enum class Kind : std::uint8_t { kNone, kSigned, kUnsigned, kDouble, kText };
+
+  FormatArgument() = default;
+
+  /// Any integer but `bool`, which no conversion prints.
+  template <
+      typename Integer,
+      std::enable_if_t<std::is_integral_v<Integer> && !std::is_same_v<Integer, bool>, int> = 0>
+  explicit FormatArgument(Integer value)
+      : kind_(std::is_signed_v<Integer> ? Kind::kSigned : Kind::kUnsigned),
+        bits_(8 * sizeof(Integer)),
+        integer_(static_cast<std::uint64_t>(value)) {}
+
+  /// `float` or `double`.
+  template <
+      typename Float,
+      std::enable_if_t<std::is_same_v<Float, float> || std::is_same_v<Float, double>, int> = 0>
+  explicit FormatArgument(Float value) : kind_(Kind::kDouble), double_(double{value}) {}
+
+  /// A null text is an argument that fits no conversion.
+  explicit FormatArgument(WideText text) {
+    if (text != nullptr) *this = FormatArgument(std::u16string_view(text));
+  }
+  explicit FormatArgument(std::u16string_view text) : kind_(Kind::kText), text_(text) {}
+
+  Kind kind() const { return kind_; }
+  std::uint32_t bits() const { return bits_; }        ///< width of an integer's type
+  std::uint64_t integer() const { return integer_; }  ///< sign-extended, modulo 2^64
+  double floating() const { return double_; }
+  std::u16string_view text() const { return text_; }
+
+ private:
+  Kind kind_ = Kind::kNone;
+  std::uint32_t bits_ = 0;
+  std::uint64_t integer_ = 0;
+  double double_ = 0;
+  std::u16string_view text_;
+};
+
+}  // namespace qxfmt
+
+/// A string of 16-bit units that grows on demand. The names follow `std::string`.
+///
+/// Memory: comes from the memory resource given at construction, and stays with it; the resource
+/// must outlive the text. Creation takes room for 63 units and a terminator at once, so that a text
+/// within them costs one allocation; growth doubles the room.
+///
+/// Failures: a `StatusException`, and the text is then as it was before the call.
+///
+/// Texts passed in may be parts of the text itself. Pointers and views into the text are void after
+/// any operation that changes it.
+///
+/// Threads: like a standard string. Calls on one text must not overlap unless all only read.
+class QXFMT_API GrowableText {
+ public:
+  /// An empty text with memory from `std::pmr::get_default_resource()`.
+  /// @throws StatusException kNoMemory
+  GrowableText();
+  /// @throws StatusException kFailed if `resource` is null, kNoMemory
+  explicit GrowableText(std::pmr::memory_resource* resource);
+
+  /// A copy with memory from the default resource. @throws StatusException kNoMemory
+  GrowableText(const GrowableText& source);
+  /// Takes memory and resource over. The source is left empty, with a capacity of 0, and usable.
+  GrowableText(GrowableText&& source) noexcept;
+  /// Keeps the target's own resource. @throws StatusException kNoMemory
+  GrowableText& operator=(const GrowableText& source);
+  /// Takes the memory over if both resources are equal, as in the move construction; otherwise
+  /// copies. @throws StatusException kNoMemory, only if it copies
+  GrowableText& operator=(GrowableText&& source);
+  ~GrowableText();
+
+  /// The text, NUL-terminated; never null.
+  WideText c_str() const noexcept { return units_ != nullptr ? units_ : u""; }
+  operator std::u16string_view() const noexcept { return {c_str(), size_}; }
+
+  /// Units of text, the terminator not counted.
+  std::size_t size() const noexcept { return size_; }
+  std::size_t length() const noexcept { return size_; }
+  bool empty() const noexcept { return size_ == 0; }
+  /// Units of text that there is room for without growth.
+  std::size_t capacity() const noexcept { return capacity_; }
+  static constexpr std::size_t max_size() noexcept { return PTRDIFF_MAX / sizeof(char16_t) - 1; }
+
+  /// Replaces the text. @throws StatusException kInvalidArgument if `text` is null, kNoMemory
+  GrowableText& assign(WideText text);
+  GrowableText& assign(std::u16string_view text);
+
+  /// Puts text behind. @throws StatusException kInvalidArgument if `text` is null, kNoMemory
+  GrowableText& append(WideText text);
+  GrowableText& append(std::u16string_view text);
+
+  /// Puts formatted text behind. The conversions are "%d", "%u", "%x", "%X", "%s", "%f" and "%%";
+  /// - of integers with a size ("h" 16 bits, none or "l" 32, "I64" 64), where the argument's type
+  ///   must have no value outside the conversion's ("%d" does not take an unsigned 32-bit integer),
+  ///   and with a zero-filled width ("%02X") of 999 at most;
+  /// - of `float` and `double` with a precision of 0 to 32 ("%.2f"), 6 if none is given;
+  /// - of texts as they are: `WideText`, or anything that converts to `std::u16string_view`.
+  ///
+  /// The decimal point is that of the current C locale.
+  /// @throws StatusException kInvalidArgument if `format` is null; kFailed if it has any other
+  ///   conversion, or if the arguments do not fit it in number and kind (a null text fits nothing);
+  ///   kNoMemory
+  template <typename... Arguments>
+  GrowableText& append_format(WideText format, const Arguments&... arguments) {
+    // One more than there are: an array cannot be empty.
+    const qxfmt::FormatArgument packed[] = {qxfmt::FormatArgument(arguments)..., {}};
+    return AppendFormatted(format, packed, sizeof...(Arguments));
+  }
+
+  /// Empties the text and keeps its memory.
+  void clear() noexcept;
+
+  /// Makes room for `capacity` units. @throws StatusException kInvalidArgument if that is above
+  /// `max_size()`, as a negative number is after its conversion; kNoMemory
+  void reserve(std::size_t capacity);
+
+  /// Cuts the text off, or lengthens it with `fill`, within its capacity: it does not grow.
+  /// @throws StatusException kInvalidArgument if `length` is above `capacity()`, as a negative
+  ///   number is after its conversion
+  void resize(std::size_t length, char16_t fill = u'\0');
+
+ private:
+  GrowableText& AppendFormatted(WideText format, const qxfmt::FormatArgument* arguments,
+                                std::size_t count);
+  template <typename Write>
+  void Extend(std::uint64_t count, Write write);
+  char16_t* Allocate(std::size_t capacity);
+  void Adopt(char16_t* units, std::size_t capacity) noexcept;
+  void Release() noexcept;
+  void SetSize(std::size_t size) noexcept;
+  void TakeFrom(GrowableText& source) noexcept;
+
+  std::pmr::memory_resource* resource_;
+  char16_t* units_ = nullptr;  // null, with a capacity of 0, once moved from
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
