@@ -11,6 +11,8 @@
 #include <qxfmt/integer_types.h>
 #include <qxfmt/text.h>
 
+class GrowableText;
+
 /// Turns values into display text. The texts lie in an arena of the object.
 ///
 /// Results: no operation returns null and none throws, unless it says so. A result stays valid, and
@@ -178,6 +180,96 @@ class QXFMT_API CQXDataFormat {
   /// "[2001:db8::1]:443". A failure text of the address stands in the brackets. Two blocks, of 128
   /// and of 100 bytes; only the first holds the result.
   ResultText FormatIpv6Port(const std::uint8_t* address, std::uint16_t port, QXFMT_IPV6_TYPE type);
+  /// @name Dates and times of day
+  /// @param seconds since 1970-01-01 00:00:00 UTC, shown in the local zone of the process, as the C
+  ///   library holds it: an application that changes TZ while it runs calls `tzset`. 0 reads as the
+  ///   empty text; a negative value and one above `QXFMT_TIME_LIMIT` as "TIME_OUT_RANGE". Neither
+  ///   takes a block, nor does a zone conversion that fails: it gives the empty text too.
+  /// @param layout order of the date's fields; `QXFMT_DATE_DEFAULT` is what
+  ///   `QXFMT_SetDateTimeFormat` set.
+  /// No locale takes part. Safe beside other threads' conversions, but not beside a `tzset` or
+  /// `setenv` of another thread.
+  /// @{
+
+  /// "2023/11/15". One block of 128 bytes.
+  ResultText FormatDate(std::int64_t seconds, QXFMT_DATE_FORMAT layout);
+  /// "06:13:20". One block of 64 bytes.
+  ResultText FormatTime(std::int64_t seconds);
+  /// "2023/11/15 06:13:20". Two blocks of 128 bytes; only the first holds the result.
+  ResultText FormatDateTime(std::int64_t seconds, QXFMT_DATE_FORMAT layout);
+  /// @}
+
+  /// @name Timestamps with a fraction of a second
+  /// As the dates and times of day, from a count of smaller units since 1970-01-01 00:00:00 UTC.
+  /// The digits of the fraction are cut off, never rounded. What is tested against 0 is the count,
+  /// against `QXFMT_TIME_LIMIT` its whole seconds (cut off toward zero): the last second up to the
+  /// limit is accepted in full, and a count within the first second has a time of day but no date:
+  /// " 08:00:00.500". A negative count of less than a second reads likewise, with the sign among
+  /// the digits of the fraction: "08:00:00.-05".
+  /// One block of 128 bytes, and with a date a second one that only helps to build the text.
+  /// @{
+
+  /// "2023/11/15 06:13:20.123" from milliseconds.
+  ResultText FormatMSecondDataTime(std::int64_t milliseconds, QXFMT_DATE_FORMAT layout);
+  /// "2023/11/15 06:13:20.000123" from microseconds.
+  ResultText FormatHiResDateTime(std::int64_t microseconds, QXFMT_DATE_FORMAT layout);
+  /// "2023/11/15 06:13:20.000000123" from nanoseconds, which reach to the year 2262.
+  ResultText FormatMaxHiResDateTime(std::int64_t nanoseconds, QXFMT_DATE_FORMAT layout);
+  /// "06:13:20.123" from milliseconds.
+  ResultText FormatMSecondTime(std::int64_t milliseconds);
+  /// "06:13:20.000123" from microseconds.
+  ResultText FormatHiResTime(std::int64_t microseconds);
+  /// "06:13:20.000000123" from nanoseconds.
+  ResultText FormatMaxHiResTime(std::int64_t nanoseconds);
+
+  /// Cuts nanoseconds off to the accuracy and goes on as the operation for that unit; whole seconds
+  /// go to `FormatDateTime` and `FormatTime`. No setting stands in for the accuracy: one outside
+  /// its list gives the empty text and takes no block.
+  ResultText FormatAllDateTime(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy,
+                               QXFMT_DATE_FORMAT layout);
+  ResultText FormatAllTime(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy);
+  /// @}
+
+  /// An OLE automation date, as date and time of day: "2023/11/15 06:00:00". It already is calendar
+  /// time: no zone takes part, and 0 is a date like any other.
+  /// @param date whole part: days from 1899-12-30. Fraction: the time of day by its absolute value,
+  ///   for negative dates too (-1.25 is 1899-12-29 06:00:00), rounded to the nearest second, a half
+  ///   up, where the last second of a day may carry into the next day. Years 100 to 9999. The
+  ///   fields of a date outside them, before or after the carry, of a NaN and of an infinity read
+  ///   as -1 ("-1/-1/-1 -1:-1:-1"), the month too where the layout asks for its name.
+  /// @param layout as for the dates. One block of 128 bytes.
+  ResultText FormatOleDateTime(double date, QXFMT_DATE_FORMAT layout);
+
+  /// @name Durations
+  /// A span of time, not a point in the calendar. Its sign stands before the whole text, and 0 has
+  /// none. No setting takes part.
+  /// @param format
+  ///   - `QXFMT_DURATION_CLOCK`: "01:01:01.500". There are no days: hours go on at 24 and at 100.
+  ///   - `QXFMT_DURATION_WORDS_EN`, `QXFMT_DURATION_WORDS_CN`: "1h1m1s500ms", see `FormatDuration`.
+  ///   - any other: whole seconds and fraction, "3661.500".
+  /// Ranges: whole seconds show modulo 2^32, in the last layout as a signed 32-bit number; words
+  /// show the nanoseconds modulo 2^64. The most negative count counts as 2^63 below zero.
+  /// One block of 128 bytes, also where the text of a 0 is a static one.
+  /// @throws StatusException in the worded formats only, when memory for a string cannot be had.
+  ///   The block stays taken and the object usable.
+  /// @{
+
+  /// "01:01:01"; whole seconds and no fraction: "05".
+  ResultText FormatDurationSecond(std::uint32_t seconds, QXFMT_DURATION_FORMAT format);
+  ResultText FormatDurationMSecond(std::int64_t milliseconds, QXFMT_DURATION_FORMAT format);
+  ResultText FormatDurationUSecond(std::int64_t microseconds, QXFMT_DURATION_FORMAT format);
+  ResultText FormatDurationNSecond(std::int64_t nanoseconds, QXFMT_DURATION_FORMAT format);
+
+  /// Cuts nanoseconds off to the accuracy (toward zero) and goes on as the operation for that unit.
+  /// Whole seconds go on as their low 32 bits, so that a negative span needs a finer accuracy. One
+  /// outside its list gives the empty text and takes no block.
+  ResultText FormatDurationAllSecond(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy,
+                                     QXFMT_DURATION_FORMAT format);
+
+  /// "01:01:01.001" from milliseconds. A negative value and one above 32503651200 (the number of
+  /// `QXFMT_TIME_LIMIT`, here milliseconds: some 376 days) read as "[TIME_OUT_RANGE]" and take no
+  /// block. Otherwise one block of 128 bytes.
+  ResultText FormatHiResTimeRange(std::int64_t milliseconds);
   /// @}
 
   /// @name Integer types of the same width under another name
@@ -208,6 +300,29 @@ class QXFMT_API CQXDataFormat {
   ResultText FormatBitPerSecond(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places) {
     return FormatBitPerSecond(std::uint64_t{value}, unit, places);
   }
+  /// @}
+
+ protected:
+  /// @name Worded durations
+  /// Number-and-unit pairs without blanks, the largest unit first: "1d1h1m1s1ms1us1ns".
+  /// @throws StatusException when memory for the text cannot be had; the text is then as it was.
+  /// @{
+
+  /// Replaces the content of `result` with the words of a duration. Only units with a value above 0
+  /// show, days to the unit of the accuracy; what is finer is cut off. Where nothing shows, it is 0
+  /// of that unit: "0ms". An accuracy outside its list shows all units, and of a 0 none: the empty
+  /// text.
+  /// @param format `QXFMT_DURATION_WORDS_CN` for Chinese unit words, any other value for Latin.
+  /// @param nanoseconds a negative count reads as a minus and the words of its magnitude; without
+  ///   the minus if all that shows is a 0.
+  void FormatDuration(QXFMT_TIME_ACCURACY accuracy, QXFMT_DURATION_FORMAT format,
+                      std::int64_t nanoseconds, GrowableText& result);
+
+  /// Appends value and unit if the value is above 0. `unit` may be `result` itself.
+  void FormatPositiveDataAndUnit(std::int32_t value, const GrowableText& unit,
+                                 GrowableText& result);
+  /// Appends value and unit, whatever the value. `unit` may be `result` itself.
+  void FormatDataAndUnit(std::int32_t value, const GrowableText& unit, GrowableText& result);
   /// @}
 
  private:

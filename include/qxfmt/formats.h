@@ -1,8 +1,9 @@
 #pragma once
 
 /// @file
-/// The enumerations that settings and formatters share. All are signed 32-bit wide and none is ever
-/// range-checked: each operation documents the path that a value outside its list takes.
+/// The enumerations that settings and formatters share, and the limit of timestamps. All
+/// enumerations are signed 32-bit wide and none is ever range-checked: each operation documents the
+/// path that a value outside its list takes.
 
 #include <cstdint>
 
@@ -26,6 +27,10 @@ enum QXFMT_DATE_FORMAT : std::int32_t {
   QXFMT_DATE_MONTH_NAME = 4,  ///< Nov. 15, 2023
   QXFMT_DATE_DMY = 5,         ///< 15/11/2023
 };
+
+/// The largest timestamp that is accepted, in whole seconds since 1970-01-01 00:00:00 UTC; itself
+/// included. 2999-12-31 16:00:00 UTC, whatever the local zone.
+inline constexpr std::int64_t QXFMT_TIME_LIMIT = 32503651200;
 
 /// The finest unit that a timestamp or a duration shows.
 enum QXFMT_TIME_ACCURACY : std::int32_t {

@@ -1,0 +1,56 @@
+#pragma once
+
+// Seconds since 1970-01-01 00:00:00 UTC to calendar fields in the process's local zone. Inline, so
+// that the fields stay in registers on their way to the text.
+
+#include <cstdint>
+#include <ctime>
+
+#include "time/calendar_fields.h"
+
+namespace qxfmt {
+
+namespace detail {
+
+#if defined(_WIN32)
+
+inline bool ConvertToLocal(std::int64_t seconds, std::tm& broken_down) {
+  const __time64_t time = seconds;
+  return ::_localtime64_s(&broken_down, &time) == 0;
+}
+
+#else
+
+static_assert(sizeof(std::time_t) == 8, "timestamps reach the year 3000: build with 64-bit time");
+
+// POSIX frees localtime_r from acting as if tzset had been called, but none of the C libraries in
+// use (glibc, musl, the BSDs' and Apple's) leaves the zone unread at a first conversion.
+inline bool ConvertToLocal(std::int64_t seconds, std::tm& broken_down) {
+  const std::time_t time = seconds;
+  return ::localtime_r(&time, &broken_down) != nullptr;
+}
+
+#endif
+
+}  // namespace detail
+
+// The fields of an instant, 0 to QXFMT_TIME_LIMIT. False if the platform cannot tell.
+//
+// Safe beside any other thread that only converts. The zone is the one that the C library holds: it
+// reads TZ or the system's zone before its first conversion, and again only when the application
+// calls tzset. That call is left to the application on purpose: it reads the environment, which
+// another thread may be writing, and would change the zone under everybody else in the process.
+inline bool ToLocalTime(std::int64_t seconds, CalendarFields& fields) {
+  std::tm broken_down;
+  if (!detail::ConvertToLocal(seconds, broken_down)) return false;
+  const auto narrow = [](int field) { return static_cast<std::uint8_t>(field); };
+  fields.year = static_cast<std::uint16_t>(broken_down.tm_year + 1900);
+  fields.month = narrow(broken_down.tm_mon + 1);
+  fields.day = narrow(broken_down.tm_mday);
+  fields.hour = narrow(broken_down.tm_hour);
+  fields.minute = narrow(broken_down.tm_min);
+  fields.second = narrow(broken_down.tm_sec);
+  return true;
+}
+
+}  // namespace qxfmt
