@@ -83,6 +83,7 @@ void Register(const std::string& operation, const std::string& implementation,
 
 void RegisterAddresses();
 void RegisterNumbers();
+void RegisterTime();
 
 }  // namespace qxfmt::bench
 
@@ -91,6 +92,7 @@ int main(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
   qxfmt::bench::RegisterAddresses();
   qxfmt::bench::RegisterNumbers();
+  qxfmt::bench::RegisterTime();
   qxfmt::bench::RatioReporter reporter;
   if (benchmark::RunSpecifiedBenchmarks(&reporter) == 0) {
     std::fprintf(stderr, "no benchmark has that name\n");
