@@ -109,11 +109,9 @@ class QXFMT_API GrowableText {
   GrowableText(const GrowableText& source);
   /// Takes memory and resource over. The source is left empty, with a capacity of 0, and usable.
   GrowableText(GrowableText&& source) noexcept;
-  /// Keeps the target's own resource. @throws StatusException kNoMemory
+  /// Keeps the target's own resource, also where the source is about to go.
+  /// @throws StatusException kNoMemory
   GrowableText& operator=(const GrowableText& source);
-  /// Takes the memory over if both resources are equal, as in the move construction; otherwise
-  /// copies. @throws StatusException kNoMemory, only if it copies
-  GrowableText& operator=(GrowableText&& source);
   ~GrowableText();
 
   /// The text, NUL-terminated; never null.
@@ -175,7 +173,6 @@ class QXFMT_API GrowableText {
   void Adopt(char16_t* units, std::size_t capacity) noexcept;
   void Release() noexcept;
   void SetSize(std::size_t size) noexcept;
-  void TakeFrom(GrowableText& source) noexcept;
 
   std::pmr::memory_resource* resource_;
   char16_t* units_ = nullptr;  // null, with a capacity of 0, once moved from

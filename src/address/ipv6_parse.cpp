@@ -37,8 +37,9 @@ inline bool ReadGroup(const char16_t*& at, std::uint32_t& group) {
 bool ReadPlain(const char16_t* at, std::uint8_t* address) {
   // What stands before the "::", zeros, and what stands behind it.
   std::uint8_t parts[3 * kAddressBytes];
-  std::memset(parts, 0, 2 * kAddressBytes);
-  std::uint8_t* const tail = parts + 2 * kAddressBytes;
+  std::uint8_t* const zeros = parts + kAddressBytes;
+  std::uint8_t* const tail = zeros + kAddressBytes;
+  std::memset(parts, 0, sizeof(parts) - kAddressBytes);
   std::uint8_t* next = parts;
   std::uint8_t* gap = parts;  // where the last part begins
   std::int32_t room = kAddressBytes;
@@ -75,7 +76,7 @@ bool ReadPlain(const char16_t* at, std::uint8_t* address) {
   if (has_gap == (room == 0)) return false;
   if (address == nullptr) return true;
   // The last part moved to the end, with the zeros before it, falls on the zeros of the first.
-  const std::uint8_t* const moved = parts + kAddressBytes + (has_gap ? next - tail : 0);
+  const std::uint8_t* const moved = zeros + (has_gap ? next - tail : 0);
   for (std::int32_t i = 0; i < kAddressBytes; ++i) {
     address[i] = static_cast<std::uint8_t>(parts[i] | moved[i]);
   }

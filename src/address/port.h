@@ -14,7 +14,7 @@ inline char16_t* WritePort(char16_t* out, std::uint16_t port) {
   const std::uint32_t first = port / 10000U;
   const std::uint32_t last_four = port % 10000U;
   *out = static_cast<char16_t>(u'0' + first);
-  out += first != 0;
+  out += first != 0 ? 1 : 0;
   const auto& high = kDecimalPairs[last_four / 100].units;
   const auto& low = kDecimalPairs[last_four % 100].units;
   std::uint64_t digits = std::uint64_t{high[0]} | std::uint64_t{high[1]} << 16 |

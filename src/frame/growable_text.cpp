@@ -56,17 +56,14 @@ GrowableText::GrowableText(std::pmr::memory_resource* resource) : resource_(reso
 
 GrowableText::GrowableText(const GrowableText& source) : GrowableText() { append(source); }
 
-GrowableText::GrowableText(GrowableText&& source) noexcept : resource_(source.resource_) {
-  TakeFrom(source);
-}
+GrowableText::GrowableText(GrowableText&& source) noexcept
+    : resource_(source.resource_),
+      units_(std::exchange(source.units_, nullptr)),
+      size_(std::exchange(source.size_, 0)),
+      capacity_(std::exchange(source.capacity_, 0)) {}
 
-GrowableText& GrowableText::operator=(const GrowableText& source) { return assign(source); }
-
-GrowableText& GrowableText::operator=(GrowableText&& source) {
-  if (this == &source) return *this;
-  if (!resource_->is_equal(*source.resource_)) return assign(source);
-  Release();
-  TakeFrom(source);
+GrowableText& GrowableText::operator=(const GrowableText& source) {
+  if (this != &source) assign(source);
   return *this;
 }
 
@@ -165,10 +162,4 @@ void GrowableText::Release() noexcept {
 void GrowableText::SetSize(std::size_t size) noexcept {
   size_ = size;
   if (units_ != nullptr) units_[size] = u'\0';
-}
-
-void GrowableText::TakeFrom(GrowableText& source) noexcept {
-  units_ = std::exchange(source.units_, nullptr);
-  size_ = std::exchange(source.size_, 0);
-  capacity_ = std::exchange(source.capacity_, 0);
 }
