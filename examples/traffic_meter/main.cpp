@@ -1,26 +1,35 @@
-// The network counters of this host, as text by QXFMT: the totals since boot, and then, each
-// interval, the rates.
+// The network counters of this host, as text by QXFMT: the totals since boot and the addresses, and
+// then, each interval, the rates.
 
+#include <algorithm>
 #include <chrono>
 #include <clocale>
 #include <cstdio>
+#include <ctime>
 #include <exception>
-#include <map>
+#include <fstream>
+#include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <qxfmt/qxfmt.h>
 
+#include "traffic_meter/addresses.h"
 #include "traffic_meter/counters.h"
 #include "traffic_meter/options.h"
+#include "traffic_meter/rates.h"
 #include "traffic_meter/table.h"
+#include "utf8.h"
 
 namespace meter {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using std::chrono::duration_cast;
+using std::chrono::milliseconds;
+using std::chrono::nanoseconds;
 
 void Print(const std::string& text) {
   if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) {
@@ -48,53 +57,100 @@ std::string Totals(CQXDataFormat& format, const Options& options,
   return table.ToString();
 }
 
-// What a counter gained. One that fell was reset, with its interface or its driver.
-std::uint64_t Gain(std::uint64_t before, std::uint64_t now) {
-  return now > before ? now - before : 0;
+std::u16string WithPrefix(ResultText address, CQXDataFormat& format, int prefix) {
+  std::u16string text = address;
+  text += u'/';
+  text += format.FormatNumber(prefix, 0);
+  return text;
 }
 
-struct Load {
-  std::string name;
-  std::uint64_t received;  // bytes since the reading before
-  std::uint64_t sent;
-  std::uint64_t errors;
-};
-
-std::vector<Load> LoadsBetween(const std::vector<Interface>& before,
-                               const std::vector<Interface>& now) {
-  std::map<std::string, const Interface*> earlier;
-  for (const Interface& interface : before) earlier[interface.name] = &interface;
-  std::vector<Load> loads;
-  for (const Interface& interface : now) {
-    const auto found = earlier.find(interface.name);
-    if (found == earlier.end()) continue;  // new: its rate shows from the next round on
-    const Interface& old = *found->second;
-    loads.push_back({interface.name, Gain(old.received.bytes, interface.received.bytes),
-                     Gain(old.sent.bytes, interface.sent.bytes),
-                     Gain(old.received.errors, interface.received.errors) +
-                         Gain(old.sent.errors, interface.sent.errors)});
+std::string AddressList(CQXDataFormat& format, const Options& options,
+                        const std::vector<Interface>& interfaces) {
+  Table table({"interface", "address", "mask"});
+  const auto add = [&](const Interface& interface, std::u16string_view address, ResultText mask) {
+    table.StartRow();
+    table.Add(interface.name);
+    table.Add(address);
+    table.Add(mask);
+  };
+  for (const Interface& interface : interfaces) {
+    const std::u16string mac = ReadMac(options.root, interface.name);
+    if (!mac.empty()) add(interface, mac, u"-");
+    // The kernel tells addresses of the running host alone, not of recorded counters.
+    if (!options.root.empty()) continue;
+    const Addresses addresses = ReadAddresses(interface.name);
+    for (const Ipv4Address& ipv4 : addresses.ipv4) {
+      add(interface,
+          WithPrefix(format.FormatIpAddress(ipv4.address), format, QXFMT_MaskToBits(ipv4.mask)),
+          format.FormatIpAddress(ipv4.mask));
+    }
+    for (const Ipv6Address& ipv6 : addresses.ipv6) {
+      const ResultText text = format.FormatIPv6Address(ipv6.address.data(), QXFMT_IPV6_COMPRESSED);
+      add(interface, WithPrefix(text, format, ipv6.prefix), u"-");
+    }
   }
-  return loads;
+  return table.ToString();
 }
 
-std::string Rates(CQXDataFormat& format, const Options& options, const std::vector<Load>& loads,
-                  double seconds) {
-  std::uint64_t all = 0;
-  for (const Load& load : loads) all += load.received + load.sent;
+ResultText EndpointText(CQXDataFormat& format, const Socket& socket, const Endpoint& endpoint) {
+  return socket.is_ipv6
+             ? format.FormatIpv6Port(endpoint.ipv6.data(), endpoint.port, QXFMT_IPV6_COMPRESSED)
+             : format.FormatIpPort(endpoint.ipv4, endpoint.port);
+}
 
-  Table table({"interface", "receiving", "", "sending", "", "share", "errors"});
-  for (const Load& load : loads) {
+std::string SocketList(CQXDataFormat& format, const std::vector<Socket>& sockets) {
+  Table table({"protocol", "local", "remote", "state"});
+  for (const Socket& socket : sockets) {
+    table.StartRow();
+    table.Add(socket.protocol);
+    table.Add(EndpointText(format, socket, socket.local));
+    table.Add(EndpointText(format, socket, socket.remote));
+    table.Add(socket.state);
+  }
+  return table.ToString();
+}
+
+// The time that the host is up; 0 where it does not tell.
+std::uint32_t ReadUptime(const std::string& root) {
+  std::ifstream file(root + "/proc/uptime");
+  double uptime = 0;  // seconds
+  file >> uptime;
+  return uptime > 0 && uptime < 0x1p32 ? static_cast<std::uint32_t>(uptime) : 0;
+}
+
+std::string Stamp(CQXDataFormat& format, const Options& options, Clock::duration running) {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  std::u16string text = format.FormatAllDateTime(duration_cast<nanoseconds>(now).count(),
+                                                 options.accuracy, options.layout);
+  text += u", running ";
+  text += format.FormatDurationMSecond(duration_cast<milliseconds>(running).count(),
+                                       QXFMT_DURATION_CLOCK);
+  text += u", host up ";
+  text += format.FormatDurationSecond(ReadUptime(options.root), options.words);
+  text += u'\n';
+  return examples::ToUtf8(text);
+}
+
+ResultText ClockText(CQXDataFormat& format, Clock::duration span) {
+  const auto whole = duration_cast<std::chrono::seconds>(span).count();
+  return format.FormatDurationSecond(static_cast<std::uint32_t>(whole), QXFMT_DURATION_CLOCK);
+}
+
+std::string RateTable(CQXDataFormat& format, const Options& options, const Round& round) {
+  Table table({"interface", "receiving", "", "sending", "", "share", "errors", "idle"});
+  for (const Load& load : round.loads) {
     table.StartRow();
     table.Add(load.name);
     for (const std::uint64_t bytes : {load.received, load.sent}) {
-      const double rate = static_cast<double>(bytes) / seconds;
+      const double rate = static_cast<double>(bytes) / round.seconds;
       table.Add(format.FormatBytePerSecond(rate, options.unit, options.decimals));
       table.Add(format.FormatBitPerSecond(8 * rate, options.unit, options.decimals));
     }
-    const std::uint64_t part = load.received + load.sent;
-    const float share = all == 0 ? 0.0F : static_cast<float>(part) / static_cast<float>(all);
-    table.Add(format.FormatPercentage(share));
+    const auto part = static_cast<float>(load.received + load.sent);
+    table.Add(
+        format.FormatPercentage(round.bytes == 0 ? 0.0F : part / static_cast<float>(round.bytes)));
     table.Add(format.FormatNumber(load.errors, 1));
+    table.Add(load.idle ? ClockText(format, *load.idle) : u"-");
   }
   return table.ToString();
 }
@@ -102,20 +158,27 @@ std::string Rates(CQXDataFormat& format, const Options& options, const std::vect
 void Run(const Options& options) {
   QXFMT_SetNumberDecimalPlaces(options.decimals);
   CQXDataFormat format;
-  std::vector<Interface> before = ReadInterfaces(options.root);
-  Clock::time_point before_time = Clock::now();
-  Print(Totals(format, options, before));
+  if (options.sockets) {
+    Print(SocketList(format, ReadSockets(options.root)));
+    return;
+  }
+
+  const Clock::time_point start = Clock::now();
+  const std::vector<Interface> interfaces = ReadInterfaces(options.root);
+  Rates rates(interfaces, start);
+  Print(Stamp(format, options, Clock::duration::zero()));
+  Print(Totals(format, options, interfaces));
+  Print("\n");
+  Print(AddressList(format, options, interfaces));
   if (options.once) return;
 
   for (std::uint64_t round = 1; options.rounds == 0 || round <= options.rounds; ++round) {
     std::this_thread::sleep_for(std::chrono::duration<double>(options.interval));
     std::vector<Interface> now = ReadInterfaces(options.root);
     const Clock::time_point time = Clock::now();
-    const double seconds = std::chrono::duration<double>(time - before_time).count();
     Print("\n");
-    Print(Rates(format, options, LoadsBetween(before, now), seconds));
-    before = std::move(now);
-    before_time = time;
+    Print(Stamp(format, options, time - start));
+    Print(RateTable(format, options, rates.Advance(std::move(now), time)));
     format.Reset();  // its texts are printed
   }
 }
@@ -126,6 +189,7 @@ void Run(const Options& options) {
 
 int main(int argc, char** argv) {
   std::setlocale(LC_NUMERIC, "");  // the reader's decimal point
+  ::tzset();                       // and zone
   try {
     const meter::Options options = meter::ParseOptions(argc, argv);
     if (options.help) {

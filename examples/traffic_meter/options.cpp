@@ -15,6 +15,10 @@ Shows what this host's network interfaces have carried, and then what they carry
   -1, --once              the totals alone
   -d, --decimals COUNT    decimals of sizes, rates and shares, 0 to 32 (default 2)
   -u, --unit UNIT         auto, B, KB, MB, GB or TB (default auto)
+  -l, --layout LAYOUT     order of a date: ymd, ydm, mdy, month or dmy (default ymd)
+  -a, --accuracy UNIT     of the time of a reading: s, ms, us or ns (default ms)
+  -w, --words LANGUAGE    of the time that the host is up: en or cn (default en)
+  -s, --sockets           the open TCP and UDP sockets in place of the meter
       --root DIRECTORY    read DIRECTORY/proc and DIRECTORY/sys in place of this host's
   -h, --help              this text
 )";
@@ -60,14 +64,15 @@ class Arguments {
     return number;
   }
 
-  // The value's place in a list of words.
+  // One of a list of words, which stand for the choices from `first` on.
   template <typename Choice>
-  Choice ValueAmong(std::initializer_list<std::string_view> words, const char* wanted) {
+  Choice ValueAmong(Choice first, std::initializer_list<std::string_view> words,
+                    const char* wanted) {
     const std::string value = Value();
-    int index = 0;
+    int choice = first;
     for (const std::string_view word : words) {
-      if (word == value) return static_cast<Choice>(index);
-      ++index;
+      if (word == value) return static_cast<Choice>(choice);
+      ++choice;
     }
     Refuse(value, wanted);
   }
@@ -93,8 +98,18 @@ Options ParseOptions(int argc, const char* const* argv) {
     } else if (arguments.Is("--decimals", "-d")) {
       options.decimals = arguments.ValueWithin<std::int32_t>(0, 32, "a count from 0 to 32");
     } else if (arguments.Is("--unit", "-u")) {
-      options.unit = arguments.ValueAmong<QXFMT_BYTES_FORMAT>({"auto", "B", "KB", "MB", "GB", "TB"},
-                                                              "auto, B, KB, MB, GB or TB");
+      options.unit = arguments.ValueAmong(QXFMT_BYTES_AUTO, {"auto", "B", "KB", "MB", "GB", "TB"},
+                                          "auto, B, KB, MB, GB or TB");
+    } else if (arguments.Is("--layout", "-l")) {
+      options.layout = arguments.ValueAmong(QXFMT_DATE_YMD, {"ymd", "ydm", "mdy", "month", "dmy"},
+                                            "ymd, ydm, mdy, month or dmy");
+    } else if (arguments.Is("--accuracy", "-a")) {
+      options.accuracy =
+          arguments.ValueAmong(QXFMT_TIME_SECOND, {"s", "ms", "us", "ns"}, "s, ms, us or ns");
+    } else if (arguments.Is("--words", "-w")) {
+      options.words = arguments.ValueAmong(QXFMT_DURATION_WORDS_CN, {"cn", "en"}, "en or cn");
+    } else if (arguments.Is("--sockets", "-s")) {
+      options.sockets = true;
     } else if (arguments.Is("--root")) {
       options.root = arguments.Value();
     } else if (arguments.Is("--help", "-h")) {

@@ -14,6 +14,10 @@ struct Options {
   bool once = false;         // totals alone
   std::int32_t decimals = 2;
   QXFMT_BYTES_FORMAT unit = QXFMT_BYTES_AUTO;
+  bool sockets = false;  // the open sockets alone
+  QXFMT_DATE_FORMAT layout = QXFMT_DATE_YMD;
+  QXFMT_TIME_ACCURACY accuracy = QXFMT_TIME_MSECOND;
+  QXFMT_DURATION_FORMAT words = QXFMT_DURATION_WORDS_EN;
   std::string root;  // stands before /proc and /sys; empty for this host
   bool help = false;
 };
