@@ -66,7 +66,7 @@ std::u16string WithPrefix(ResultText address, CQXDataFormat& format, int prefix)
 
 std::string AddressList(CQXDataFormat& format, const Options& options,
                         const std::vector<Interface>& interfaces) {
-  Table table({"interface", "address", "mask"});
+  Table table({"interface", "address", "mask"}, 3);
   const auto add = [&](const Interface& interface, std::u16string_view address, ResultText mask) {
     table.StartRow();
     table.Add(interface.name);
@@ -99,7 +99,7 @@ ResultText EndpointText(CQXDataFormat& format, const Socket& socket, const Endpo
 }
 
 std::string SocketList(CQXDataFormat& format, const std::vector<Socket>& sockets) {
-  Table table({"protocol", "local", "remote", "state"});
+  Table table({"protocol", "local", "remote", "state"}, 4);
   for (const Socket& socket : sockets) {
     table.StartRow();
     table.Add(socket.protocol);

@@ -18,7 +18,9 @@ std::size_t Width(const std::string& cell) {
 
 }  // namespace
 
-Table::Table(std::vector<std::string> headings) { rows_.push_back(std::move(headings)); }
+Table::Table(std::vector<std::string> headings, std::size_t left) : left_(left) {
+  rows_.push_back(std::move(headings));
+}
 
 void Table::StartRow() { rows_.emplace_back(); }
 
@@ -35,8 +37,10 @@ std::string Table::ToString() const {
   for (const auto& row : rows_) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       const std::string padding(widths[i] - Width(row[i]), ' ');
-      text += i == 0 ? row[i] + padding : "  " + padding + row[i];
+      if (i > 0) text += "  ";
+      text += i < left_ ? row[i] + padding : padding + row[i];
     }
+    text.erase(text.find_last_not_of(' ') + 1);
     text += '\n';
   }
   return text;
