@@ -1,14 +1,9 @@
 // What all results have in common: their life, their blocks, their failure; and the settings.
 
-#include <cstdint>
 #include <set>
 #include <vector>
 
-#include <gtest/gtest.h>
-#include <qxfmt/qxfmt.h>
-
-#include "support/scripted_arena.h"
-#include "support/text.h"
+#include "support/test.h"
 
 namespace qxfmt::test {
 namespace {
@@ -33,7 +28,7 @@ TEST(Formatter, WorksAgainAfterARefusalAndFailureTextOutlivesIt) {
     format.Reset();
     arena.RefuseAll();
     failure = format.FormatNumber(1.5, 0);
-    arena.RefuseNone();
+    arena.RefuseAll(false);
     EXPECT_EQ(Utf8(format.FormatNumber(1.5, 0)), "1.50");
   }
   EXPECT_EQ(Utf8(failure), "[MEM_ERR]");

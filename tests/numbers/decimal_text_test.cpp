@@ -1,18 +1,10 @@
 #include <charconv>
 #include <clocale>
-#include <cmath>
-#include <cstdint>
 #include <cstring>
-#include <limits>
 #include <random>
-#include <string>
-
-#include <gtest/gtest.h>
-#include <qxfmt/qxfmt.h>
 
 #include "frame/fixed_decimal.h"
-#include "support/scripted_arena.h"
-#include "support/text.h"
+#include "support/test.h"
 
 namespace qxfmt::test {
 namespace {

@@ -1,11 +1,4 @@
-#include <cstdint>
-#include <limits>
-
-#include <gtest/gtest.h>
-#include <qxfmt/qxfmt.h>
-
-#include "support/scripted_arena.h"
-#include "support/text.h"
+#include "support/test.h"
 
 namespace qxfmt::test {
 namespace {

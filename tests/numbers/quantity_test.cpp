@@ -1,13 +1,4 @@
-#include <cmath>
-#include <cstdint>
-#include <limits>
-#include <string>
-
-#include <gtest/gtest.h>
-#include <qxfmt/qxfmt.h>
-
-#include "support/scripted_arena.h"
-#include "support/text.h"
+#include "support/test.h"
 
 namespace qxfmt::test {
 namespace {

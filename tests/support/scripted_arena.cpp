@@ -1,9 +1,7 @@
 #include "support/scripted_arena.h"
 
-#include <cstdlib>
 #include <cstring>
-#include <mutex>
-#include <unordered_map>
+#include <memory>
 #include <utility>
 
 #include <qxfmt/block_buffer.h>
@@ -12,9 +10,6 @@ namespace {
 
 thread_local qxfmt::test::ArenaScript* script = nullptr;
 
-std::mutex blocks_mutex;
-std::unordered_map<const CQXBlockBuffer*, std::vector<void*>> blocks;
-
 }  // namespace
 
 namespace qxfmt::test {
@@ -22,12 +17,7 @@ namespace qxfmt::test {
 ArenaScript::ArenaScript() { script = this; }
 ArenaScript::~ArenaScript() { script = nullptr; }
 
-void ArenaScript::RefuseNone() {
-  refused_.clear();
-  refuse_all_ = false;
-}
-
-std::vector<std::uint32_t> ArenaScript::TakeSizes() { return std::exchange(sizes_, {}); }
+Sizes ArenaScript::TakeSizes() { return std::exchange(sizes_, {}); }
 
 bool ArenaScript::Grants(std::uint32_t size) {
   sizes_.push_back(size);
@@ -36,26 +26,20 @@ bool ArenaScript::Grants(std::uint32_t size) {
 
 }  // namespace qxfmt::test
 
-CQXBlockBuffer::CQXBlockBuffer(std::uint32_t largest_chunk) : largest_chunk_(largest_chunk) {}
-CQXBlockBuffer::~CQXBlockBuffer() = default;
-void CQXBlockBuffer::SetBlockSize(std::uint32_t first_chunk, std::uint32_t growth) {
-  first_chunk_ = first_chunk;
-  growth_ = growth;
-}
+// All blocks of an arena.
+struct CQXBlockBuffer::Chunk {
+  std::vector<std::unique_ptr<char[]>> blocks;
+};
+
+CQXBlockBuffer::CQXBlockBuffer(std::uint32_t /*largest_chunk*/) : first_(new Chunk) {}
+CQXBlockBuffer::~CQXBlockBuffer() { delete first_; }
+void CQXBlockBuffer::SetBlockSize(std::uint32_t /*first_chunk*/, std::uint32_t /*growth*/) {}
+void CQXBlockBuffer::Reset() { first_->blocks.clear(); }
+void CQXBlockBuffer::ReleaseAll() { Reset(); }
 
 void* CQXBlockBuffer::GetBuffer(std::uint32_t size) {
   if (script != nullptr && !script->Grants(size)) return nullptr;
-  void* const block = std::malloc(size);
+  char* const block = first_->blocks.emplace_back(new char[size]).get();
   std::memset(block, 0xCD, size);
-  const std::lock_guard lock(blocks_mutex);
-  blocks[this].push_back(block);
   return block;
-}
-
-void CQXBlockBuffer::Reset() { ReleaseAll(); }
-
-void CQXBlockBuffer::ReleaseAll() {
-  const std::lock_guard lock(blocks_mutex);
-  for (void* const block : blocks[this]) std::free(block);
-  blocks.erase(this);
 }

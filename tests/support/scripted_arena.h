@@ -11,7 +11,9 @@
 
 namespace qxfmt::test {
 
-// Of the calling thread. Starts a new script: nothing logged, nothing refused.
+using Sizes = std::vector<std::uint32_t>;
+
+// Of the calling thread, from its creation to its end.
 class ArenaScript {
  public:
   ArenaScript();
@@ -19,22 +21,19 @@ class ArenaScript {
 
   // Refuses the request with this number, counted from 0 since the script began.
   void Refuse(std::size_t request) { refused_.insert(request); }
-  void RefuseAll() { refuse_all_ = true; }
-  void RefuseNone();
+  void RefuseAll(bool refuse = true) { refuse_all_ = refuse; }
 
   // The sizes asked for since the last call, refused ones included.
-  std::vector<std::uint32_t> TakeSizes();
+  Sizes TakeSizes();
 
   // For the arena.
   bool Grants(std::uint32_t size);
 
  private:
-  std::vector<std::uint32_t> sizes_;
+  Sizes sizes_;
   std::set<std::size_t> refused_;
   std::size_t requests_ = 0;
   bool refuse_all_ = false;
 };
-
-using Sizes = std::vector<std::uint32_t>;
 
 }  // namespace qxfmt::test
