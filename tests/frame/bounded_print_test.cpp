@@ -1,16 +1,11 @@
 #include "frame/bounded_print.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstdio>
-#include <string>
 
-#include <gtest/gtest.h>
+#include "support/test.h"
 
-#include "support/text.h"
-
-namespace qxfmt::test {
-namespace {
+using namespace qxfmt;
+using namespace qxfmt::test;
 
 // Prints under every limit from 0 on: the whole text or nothing, and no unit at or beyond the
 // limit.
@@ -42,6 +37,3 @@ TEST(BoundedPrint, WholeTextOrNothing) {
   ExpectPrint<u"%.*f">("0.500", WithPrecision<double>{0.5, 3});
   ExpectPrint<u"%I64d %I64u">("-9223372036854775808 18446744073709551615", INT64_MIN, UINT64_MAX);
 }
-
-}  // namespace
-}  // namespace qxfmt::test

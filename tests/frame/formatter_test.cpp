@@ -5,8 +5,7 @@
 
 #include "support/test.h"
 
-namespace qxfmt::test {
-namespace {
+using namespace qxfmt::test;
 
 TEST(Formatter, ResultsStayIntactAndDistinctAndSurviveAssignment) {
   CQXDataFormat format;
@@ -65,6 +64,3 @@ TEST(Settings, StartValuesAndNoValueRefused) {
   ExpectSetting(QXFMT_SetTimeAccuracy, QXFMT_GetTimeAccuracy, 2);
   ExpectSetting(QXFMT_SetDurationFormat, QXFMT_GetDurationFormat, 0);
 }
-
-}  // namespace
-}  // namespace qxfmt::test

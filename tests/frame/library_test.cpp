@@ -1,16 +1,10 @@
 // The installed form of the library, with its real arena: memory and threads.
 
-#include <cstddef>
-#include <cstdint>
 #include <cstdlib>
 #include <new>
-#include <string>
 #include <thread>
 
-#include <gtest/gtest.h>
-#include <qxfmt/qxfmt.h>
-
-#include "support/text.h"
+#include "support/test.h"
 
 namespace {
 
@@ -37,8 +31,7 @@ void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept { r
   std::free(memory);
 }
 
-namespace qxfmt::test {
-namespace {
+using namespace qxfmt::test;
 
 TEST(Library, OneAllocationForAResultAndNoneInTheSteadyState) {
   allocations = 0;
@@ -78,6 +71,3 @@ TEST(Library, TwoThreadsOnTwoFormatters) {
   work();
   other.join();
 }
-
-}  // namespace
-}  // namespace qxfmt::test

@@ -6,8 +6,8 @@
 #include "frame/fixed_decimal.h"
 #include "support/test.h"
 
-namespace qxfmt::test {
-namespace {
+using namespace qxfmt::test;
+using qxfmt::FastDecimal;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
@@ -145,6 +145,3 @@ TEST(DecimalText, PointIsTheLocalesAndCommaIsNot) {
   std::setlocale(LC_ALL, "C");
   EXPECT_EQ(Utf8(format.FormatDecimal(0.5)), "0.50");
 }
-
-}  // namespace
-}  // namespace qxfmt::test

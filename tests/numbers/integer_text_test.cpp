@@ -1,7 +1,6 @@
 #include "support/test.h"
 
-namespace qxfmt::test {
-namespace {
+using namespace qxfmt::test;
 
 // The plain text is the grouped one without its commas.
 template <typename Value>
@@ -43,6 +42,3 @@ TEST(IntegerText, PowersOfTenAndTheirNeighbours) {
     }
   }
 }
-
-}  // namespace
-}  // namespace qxfmt::test

@@ -1,7 +1,6 @@
 #include "support/test.h"
 
-namespace qxfmt::test {
-namespace {
+using namespace qxfmt::test;
 
 TEST(Percentage, OfIntegersWrapsAt32Bits) {
   const struct {
@@ -59,6 +58,3 @@ TEST(BitPattern, GroupsOfFour) {
   arena.RefuseAll();
   EXPECT_EQ(Utf8(format.FormatBinary(0U)), "[MEM_ERR]");
 }
-
-}  // namespace
-}  // namespace qxfmt::test

@@ -1,7 +1,6 @@
 #include "support/test.h"
 
-namespace qxfmt::test {
-namespace {
+using namespace qxfmt::test;
 
 constexpr std::uint64_t kTopBit = std::uint64_t{1} << 63;
 
@@ -133,6 +132,3 @@ TEST(Quantity, RefusedBlocks) {
     EXPECT_EQ(Utf8(format.FormatBitPerSecond(2500000.0)), inner ? "[MEM_ERR] Mbps" : "[MEM_ERR]");
   }
 }
-
-}  // namespace
-}  // namespace qxfmt::test
