@@ -22,8 +22,8 @@ void CopyUnits(char16_t* out, std::u16string_view text) {
 
 std::size_t BytesFor(std::size_t capacity) { return (capacity + 1) * sizeof(char16_t); }
 
-// The usual resource hands every request to the aligned operator new, which takes half as long
-// again as the plain one. Memory for plain units needs no more than that.
+// The usual resource hands every request to the aligned operator new, which costs more than the
+// plain one. Memory for plain units needs no more than that.
 bool IsPlainNew(const std::pmr::memory_resource* resource) {
   return resource == std::pmr::new_delete_resource();
 }
