@@ -2,7 +2,9 @@
 
 // What the fuzz targets share.
 
+#include <bit>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 #include <qxfmt/qxfmt.h>

@@ -36,6 +36,8 @@ struct Pattern {
   char16_t units[kSize]{};
 
   consteval Pattern(const char16_t (&literal)[kSize]) { std::copy_n(literal, kSize, units); }
+
+  constexpr std::u16string_view text() const { return {units, kSize - 1}; }
 };
 
 template <typename Value>
@@ -58,11 +60,13 @@ struct Piece {
 template <Pattern kPattern>
 consteval std::size_t CountPieces() {
   std::size_t pieces = 1;
-  for (const char16_t* at = kPattern.units; *at != u'\0';) {
-    if (*at++ != u'%') continue;
+  for (std::u16string_view rest = kPattern.text(); !rest.empty();) {
+    if (!TakeUnit(rest, u'%')) {
+      rest.remove_prefix(1);
+      continue;
+    }
     Conversion conversion;
-    at = ReadConversion(at, conversion);
-    if (at == nullptr) return 0;
+    if (!TakeConversion(rest, conversion)) return 0;
     ++pieces;
   }
   return pieces;
@@ -71,13 +75,12 @@ consteval std::size_t CountPieces() {
 template <Pattern kPattern>
 consteval auto CutPattern() {
   std::array<Piece, CountPieces<kPattern>()> pieces{};
-  const char16_t* at = kPattern.units;
+  std::u16string_view rest = kPattern.text();
   for (Piece& piece : pieces) {
-    piece.literal_begin = static_cast<std::size_t>(at - kPattern.units);
-    while (*at != u'\0' && *at != u'%') ++at;
-    piece.literal_size = static_cast<std::size_t>(at - kPattern.units) - piece.literal_begin;
-    if (*at == u'\0') break;
-    at = ReadConversion(at + 1, piece.conversion);
+    piece.literal_begin = kPattern.text().size() - rest.size();
+    for (; !rest.empty() && rest[0] != u'%'; rest.remove_prefix(1)) ++piece.literal_size;
+    if (!TakeUnit(rest, u'%')) break;
+    TakeConversion(rest, piece.conversion);
     if (piece.conversion.kind == Kind::kPercent) {
       ++piece.literal_size;  // one of the two signs
     } else {

@@ -117,7 +117,8 @@ void PutArgument(Sink& sink, const Conversion& conversion, const FormatArgument&
 
 }  // namespace
 
-FormattedText::FormattedText(WideText pattern, const FormatArgument* arguments, std::size_t count)
+FormattedText::FormattedText(std::u16string_view pattern, const FormatArgument* arguments,
+                             std::size_t count)
     : pattern_(pattern), arguments_(arguments), count_(count) {
   Meter meter;
   valid_ = Walk(meter);
@@ -134,15 +135,15 @@ void FormattedText::Write(char16_t* out) const {
 template <typename Sink>
 bool FormattedText::Walk(Sink& sink) const {
   std::size_t used = 0;
-  for (const char16_t* at = pattern_; *at != u'\0';) {
-    const char16_t* const literal = at;
-    while (*at != u'\0' && *at != u'%') ++at;
-    sink.Put(std::u16string_view(literal, static_cast<std::size_t>(at - literal)));
-    if (*at == u'\0') break;
+  for (std::u16string_view rest = pattern_;;) {
+    const std::size_t literal = std::min(rest.find(u'%'), rest.size());
+    sink.Put(rest.substr(0, literal));
+    rest.remove_prefix(literal);
+    if (rest.empty()) break;
 
+    rest.remove_prefix(1);
     Conversion conversion;
-    at = ReadConversion(at + 1, conversion);
-    if (at == nullptr) return false;
+    if (!TakeConversion(rest, conversion)) return false;
     if (conversion.kind == Kind::kPercent) {
       sink.Put(u"%");
     } else {

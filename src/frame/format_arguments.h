@@ -4,16 +4,17 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include <qxfmt/growable_text.h>
-#include <qxfmt/text.h>
 
 namespace qxfmt {
 
-// Reads pattern and arguments where they are, for its measure and again when it writes.
+// Reads pattern and arguments where they are, for its measure and again when it writes. It reads no
+// terminator, so that what it writes may overwrite those of the pattern and of the arguments.
 class FormattedText {
  public:
-  FormattedText(WideText pattern, const FormatArgument* arguments, std::size_t count);
+  FormattedText(std::u16string_view pattern, const FormatArgument* arguments, std::size_t count);
 
   // Whether the pattern is of the family and the arguments fit it in number and kind.
   bool valid() const { return valid_; }
@@ -28,7 +29,7 @@ class FormattedText {
   template <typename Sink>
   bool Walk(Sink& sink) const;
 
-  WideText pattern_;
+  std::u16string_view pattern_;
   const FormatArgument* arguments_;
   std::size_t count_;
   bool valid_ = false;

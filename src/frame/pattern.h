@@ -2,8 +2,8 @@
 
 // The conversions of a print pattern, read the same way at compile time and at run time.
 
-#include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace qxfmt {
 
@@ -35,82 +35,70 @@ struct Conversion {
 
 namespace detail {
 
-// At most three digits, so that no pattern can overflow a number. Null if there are more.
-constexpr const char16_t* ReadCount(const char16_t* at, std::int32_t& count) {
-  count = 0;
-  for (int digits = 0; *at >= u'0' && *at <= u'9'; ++at) {
-    if (++digits > 3) return nullptr;
-    count = count * 10 + (*at - u'0');
-  }
-  return at;
+constexpr bool TakeUnit(std::u16string_view& text, char16_t unit) {
+  if (text.empty() || text.front() != unit) return false;
+  text.remove_prefix(1);
+  return true;
 }
 
-constexpr bool ReadKind(char16_t letter, Kind& kind) {
-  switch (letter) {
-    case u'd':
-      kind = Kind::kSigned;
-      return true;
-    case u'u':
-      kind = Kind::kUnsigned;
-      return true;
-    case u'x':
-      kind = Kind::kHexLower;
-      return true;
-    case u'X':
-      kind = Kind::kHexUpper;
-      return true;
-    case u's':
-      kind = Kind::kText;
-      return true;
-    case u'f':
-      kind = Kind::kFixed;
-      return true;
-    default:
-      return false;
+// Takes a number of at most three digits, so that no pattern can overflow it; none gives 0. False
+// if there are more.
+constexpr bool TakeCount(std::u16string_view& text, std::int32_t& count) {
+  count = 0;
+  for (int digits = 0; !text.empty() && text[0] >= u'0' && text[0] <= u'9'; ++digits) {
+    if (digits == 3) return false;
+    count = count * 10 + (text[0] - u'0');
+    text.remove_prefix(1);
   }
+  return true;
+}
+
+// Takes the size of an integer argument. False if there is none.
+constexpr bool TakeSize(std::u16string_view& text, std::uint8_t& bits) {
+  if (TakeUnit(text, u'l')) return true;
+  if (TakeUnit(text, u'h')) {
+    bits = 16;
+    return true;
+  }
+  if (text.substr(0, 3) != u"I64") return false;
+  text.remove_prefix(3);
+  bits = 64;
+  return true;
+}
+
+constexpr bool TakeKind(std::u16string_view& text, Kind& kind) {
+  constexpr struct {
+    char16_t letter;
+    Kind kind;
+  } kLetters[] = {{u'd', Kind::kSigned},   {u'u', Kind::kUnsigned}, {u'x', Kind::kHexLower},
+                  {u'X', Kind::kHexUpper}, {u's', Kind::kText},     {u'f', Kind::kFixed}};
+  for (const auto& entry : kLetters) {
+    if (!TakeUnit(text, entry.letter)) continue;
+    kind = entry.kind;
+    return true;
+  }
+  return false;
 }
 
 }  // namespace detail
 
-// Reads the conversion that begins at `at`, directly behind its "%". Returns the unit behind it, or
-// null if it is none of the family.
-constexpr const char16_t* ReadConversion(const char16_t* at, Conversion& conversion) {
+// Takes the conversion at the front of the text, which follows its "%". False if there is no
+// conversion of these kinds. Reads no unit beyond the end of the text.
+constexpr bool TakeConversion(std::u16string_view& text, Conversion& conversion) {
   conversion = Conversion{};
-  if (*at == u'%') return at + 1;
-
-  if (*at == u'0') {
-    conversion.zero_fill = true;
-    ++at;
-  }
-  at = detail::ReadCount(at, conversion.width);
-  if (at == nullptr) return nullptr;
-
-  if (*at == u'.') {
-    ++at;
-    if (*at == u'*') {
+  if (detail::TakeUnit(text, u'%')) return true;
+  conversion.zero_fill = detail::TakeUnit(text, u'0');
+  if (!detail::TakeCount(text, conversion.width)) return false;
+  if (detail::TakeUnit(text, u'.')) {
+    if (detail::TakeUnit(text, u'*')) {
       conversion.precision = kPrecisionFromArgument;
-      ++at;
-    } else {
-      at = detail::ReadCount(at, conversion.precision);
-      if (at == nullptr) return nullptr;
+    } else if (!detail::TakeCount(text, conversion.precision)) {
+      return false;
     }
   }
-
-  bool has_size = true;
-  if (*at == u'h') {
-    conversion.bits = 16;
-    ++at;
-  } else if (*at == u'l') {
-    ++at;
-  } else if (at[0] == u'I' && at[1] == u'6' && at[2] == u'4') {
-    conversion.bits = 64;
-    at += 3;
-  } else {
-    has_size = false;
-  }
-  if (!detail::ReadKind(*at, conversion.kind)) return nullptr;
-  if (has_size && !conversion.is_integer()) return nullptr;
-  return at + 1;
+  const bool has_size = detail::TakeSize(text, conversion.bits);
+  if (!detail::TakeKind(text, conversion.kind)) return false;
+  return !has_size || conversion.is_integer();
 }
 
 }  // namespace qxfmt

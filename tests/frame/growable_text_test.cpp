@@ -18,6 +18,29 @@ TEST(GrowableText, FormatsWithTheFamily) {
   EXPECT_EQ(Utf8(text), "-5 7 -9223372036854775808 -1|0A b 0042 -04|分ab%|1.500000 2 -0.01 nan");
 }
 
+// A text may be its own format: in place, where the output overwrites the format's terminator, and
+// where it grows.
+TEST(GrowableText, IsItsOwnFormat) {
+  const struct {
+    std::u16string format;
+    std::size_t appended;  // units, given the arguments 12345 and "ab"
+  } cases[] = {{u"%d%s", 7},
+               {std::u16string(36, u'%') + u"%d%s", 18 + 7},
+               {std::u16string(59, u'x') + u"%d%s", 59 + 7}};
+  for (const auto& c : cases) {
+    GrowableText text;
+    text.assign(c.format);
+    text.append_format(text.c_str(), 12345, u"ab");
+    GrowableText apart;
+    apart.append_format(c.format.c_str(), 12345, u"ab");
+    EXPECT_EQ(apart.size(), c.appended);
+    EXPECT_EQ(Utf8(text), Utf8(c.format) + Utf8(apart));
+    text.assign(c.format);
+    text.append_format(text.c_str() + c.format.size() - 4, 12345, text);  // only its end
+    EXPECT_EQ(Utf8(text), Utf8(c.format) + "12345" + Utf8(c.format));
+  }
+}
+
 TEST(GrowableText, EveryFailureKeepsTheText) {
   ExpectStatus(0x80004005, [] { GrowableText text(nullptr); });
   char room[200];  // for one text and no growth
@@ -35,6 +58,9 @@ TEST(GrowableText, EveryFailureKeepsTheText) {
   const std::u16string long_text(1000, u'x');
   ExpectStatus(0x8007000E, [&] { text.append_format(u"%s%s", long_text, u"y"); });
   ExpectStatus(0x8007000E, [&] { text.assign(long_text); });
+  const std::u16string_view absurd(u"", SIZE_MAX / 2);  // nobody has as much, and nothing reads it
+  ExpectStatus(0x8007000E, [&] { text.assign(absurd); });
+  ExpectStatus(0x8007000E, [&] { text.append(absurd); });
   EXPECT_EQ(Utf8(text), "kept");
 }
 
