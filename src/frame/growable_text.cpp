@@ -74,6 +74,7 @@ GrowableText& GrowableText::assign(WideText text) {
 }
 
 GrowableText& GrowableText::assign(std::u16string_view text) {
+  if (text.size() > max_size()) throw StatusException(StatusException::kNoMemory);
   if (text.size() > capacity_) reserve(text.size());  // and then it is no part of this text
   CopyUnits(units_, text);
   SetSize(text.size());
