@@ -109,7 +109,8 @@ TEST(DecimalText, TwoDecimals) {
 TEST(DecimalText, FastPathAgreesWithTheGeneralOne) {
   std::mt19937_64 random(3);
   int taken = 0;
-  for (int i = 0; i < 1'000'000; ++i) {
+  for (int i = 0; taken < 1'000'000; ++i) {
+    ASSERT_LT(i, 2'000'000) << "the fast path takes too few of them";
     double value = 0;
     const std::uint64_t bits = random();
     if (i % 3 == 0) {
@@ -130,7 +131,6 @@ TEST(DecimalText, FastPathAgreesWithTheGeneralOne) {
     ASSERT_EQ(Utf8(text), exact) << std::hexfloat << value << ' ' << places;
     ASSERT_EQ(static_cast<std::size_t>(fast.size()), std::strlen(exact));
   }
-  EXPECT_GT(taken, 600'000);
 }
 
 TEST(DecimalText, PointIsTheLocalesAndCommaIsNot) {

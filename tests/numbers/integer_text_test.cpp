@@ -29,16 +29,20 @@ TEST(IntegerText, ExtremesOfEachWidth) {
   ExpectNumber(std::int16_t{INT16_MIN}, "-32,768", 64);
 }
 
+std::string WithCommas(std::string number) {
+  const std::size_t first_digit = number[0] == '-' ? 1 : 0;
+  for (std::size_t at = number.size(); at > first_digit + 3;) number.insert(at -= 3, ",");
+  return number;
+}
+
 // Every count of digits, and where it changes.
 TEST(IntegerText, PowersOfTenAndTheirNeighbours) {
   CQXDataFormat format;
   for (std::int64_t power = 1; power < INT64_MAX / 10; power *= 10) {
     for (const std::int64_t value : {power - 1, power, -power + 1, -power}) {
-      std::string text = Utf8(format.FormatNumber(value, 1));
-      EXPECT_TRUE(text.size() < 4 || text[text.size() - 4] == ',' || value > -1000) << text;
-      std::erase(text, ',');
-      EXPECT_EQ(text, std::to_string(value));
+      const std::string text = std::to_string(value);
       EXPECT_EQ(Utf8(format.FormatNumber(value, 0)), text);
+      EXPECT_EQ(Utf8(format.FormatNumber(value, 1)), WithCommas(text));
     }
   }
 }
