@@ -43,7 +43,7 @@ inline char16_t* WriteOctet(char16_t* out, std::uint32_t octet, char16_t behind)
 inline constexpr std::int32_t kDottedRoom = 16;
 
 // Prints the address, first octet in the lowest 8 bits, with its terminator. Returns the place of
-// the terminator. By table, since a general print of four numbers takes five times as long.
+// the terminator.
 inline char16_t* WriteDotted(char16_t* out, std::uint32_t address) {
   out = detail::WriteOctet(out, address, u'.');
   out = detail::WriteOctet(out, address >> 8, u'.');

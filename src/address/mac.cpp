@@ -14,8 +14,7 @@ constexpr int kOctets = 6;
 constexpr int kMaxOctets = 8;
 constexpr char16_t kBadCount[] = u"???";
 
-// Prints an octet and the colon behind it. By table: a general print of six fields takes nearly
-// twice as long.
+// Prints an octet and the colon after it.
 inline char16_t* WriteOctet(char16_t* out, std::uint8_t octet) {
   qxfmt::WriteHexPair(out, qxfmt::kHexPairsUpper[octet]);
   out[2] = u':';

@@ -74,8 +74,8 @@ double ScaleValue(Scale scale, double value, int unit, std::int32_t /*places*/) 
 
 using QuantityBlock = ResultBlock<128>;
 
-// Straight into the result: most of the time that a number's own block and a copy would take is the
-// copy. False if the number is none for the fast path or could come near the limit.
+// Straight into the result, without the copy from the number's own block. False if the number is
+// none for the fast path or could come near the limit.
 bool PrintFast(const QuantityBlock& block, double number, std::int32_t places, std::int32_t grouped,
                const char16_t* unit) {
   FastDecimal decimal;
