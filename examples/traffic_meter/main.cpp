@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <clocale>
 #include <cstdio>
 #include <ctime>
 #include <exception>
@@ -188,8 +187,8 @@ void Run(const Options& options) {
 }  // namespace meter
 
 int main(int argc, char** argv) {
-  std::setlocale(LC_NUMERIC, "");  // the reader's decimal point
-  ::tzset();                       // and zone
+  // LC_NUMERIC stays "C": numbers are grouped by commas, whatever the locale's decimal point is.
+  ::tzset();  // the reader's zone
   try {
     const meter::Options options = meter::ParseOptions(argc, argv);
     if (options.help) {
