@@ -1,9 +1,13 @@
 // The network counters of this host, as text by QXFMT: the totals since boot and the addresses, and
 // then, each interval, the rates.
 
+#include <langinfo.h>
+
 #include <algorithm>
 #include <chrono>
+#include <clocale>
 #include <cstdio>
+#include <cstring>
 #include <ctime>
 #include <exception>
 #include <fstream>
@@ -154,13 +158,23 @@ std::string RateTable(CQXDataFormat& format, const Options& options, const Round
   return table.ToString();
 }
 
-void Run(const Options& options) {
+// The meter writes UTF-8. A terminal of another encoding shows ASCII as it is, but not the Chinese
+// words.
+void KeepToEncoding(Options& options) {
+  if (options.words != QXFMT_DURATION_WORDS_CN) return;
+  if (std::strcmp(::nl_langinfo(CODESET), "UTF-8") == 0) return;
+  std::fputs("traffic_meter: English words: the locale's encoding is not UTF-8\n", stderr);
+  options.words = QXFMT_DURATION_WORDS_EN;
+}
+
+void Run(Options options) {
   QXFMT_SetNumberDecimalPlaces(options.decimals);
   CQXDataFormat format;
   if (options.sockets) {
     Print(SocketList(format, ReadSockets(options.root)));
     return;
   }
+  KeepToEncoding(options);
 
   const Clock::time_point start = Clock::now();
   const std::vector<Interface> interfaces = ReadInterfaces(options.root);
@@ -188,7 +202,8 @@ void Run(const Options& options) {
 
 int main(int argc, char** argv) {
   // LC_NUMERIC stays "C": numbers are grouped by commas, whatever the locale's decimal point is.
-  ::tzset();  // the reader's zone
+  std::setlocale(LC_CTYPE, "");  // the reader's encoding
+  ::tzset();                     // and zone
   try {
     const meter::Options options = meter::ParseOptions(argc, argv);
     if (options.help) {

@@ -17,7 +17,8 @@ Shows what this host's network interfaces have carried, and then what they carry
   -u, --unit UNIT         auto, B, KB, MB, GB or TB (default auto)
   -l, --layout LAYOUT     order of a date: ymd, ydm, mdy, month or dmy (default ymd)
   -a, --accuracy UNIT     of the time of a reading: s, ms, us or ns (default ms)
-  -w, --words LANGUAGE    of the time that the host is up: en or cn (default en)
+  -w, --words LANGUAGE    of the time that the host is up: en or cn (default en);
+                          en in a locale whose encoding is not UTF-8
   -s, --sockets           the open TCP and UDP sockets in place of the meter
       --root DIRECTORY    read DIRECTORY/proc and DIRECTORY/sys in place of this host's
   -h, --help              this text
