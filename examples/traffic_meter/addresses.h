@@ -28,7 +28,7 @@ struct Addresses {
 Addresses ReadAddresses(const std::string& interface);
 
 // The link-layer address of ROOT/sys/class/net/INTERFACE/address, as text; empty where the
-// interface has none.
+// kernel tells none.
 std::u16string ReadMac(const std::string& root, const std::string& interface);
 
 struct Endpoint {

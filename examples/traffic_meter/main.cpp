@@ -47,7 +47,7 @@ std::string Totals(CQXDataFormat& format, const Options& options,
   for (const Interface& interface : interfaces) {
     table.StartRow();
     table.Add(interface.name);
-    table.Add(interface.state);
+    table.Add(interface.state.empty() ? "-" : interface.state);
     table.Add(interface.megabits == 0
                   ? u"-"
                   : format.FormatBitPerSecond(interface.megabits * 1'000'000, QXFMT_BYTES_AUTO, 1));
@@ -78,7 +78,7 @@ std::string AddressList(CQXDataFormat& format, const Options& options,
   };
   for (const Interface& interface : interfaces) {
     const std::u16string mac = ReadMac(options.root, interface.name);
-    if (!mac.empty()) add(interface, mac, u"-");
+    add(interface, mac.empty() ? u"-" : mac, u"-");
     // The kernel tells addresses of the running host alone, not of recorded counters.
     if (!options.root.empty()) continue;
     const Addresses addresses = ReadAddresses(interface.name);
@@ -129,7 +129,8 @@ std::string Stamp(CQXDataFormat& format, const Options& options, Clock::duration
   text += format.FormatDurationMSecond(duration_cast<milliseconds>(running).count(),
                                        QXFMT_DURATION_CLOCK);
   text += u", host up ";
-  text += format.FormatDurationSecond(ReadUptime(options.root), options.words);
+  const std::uint32_t uptime = ReadUptime(options.root);
+  text += uptime == 0 ? u"-" : format.FormatDurationSecond(uptime, options.words);
   text += u'\n';
   return examples::ToUtf8(text);
 }

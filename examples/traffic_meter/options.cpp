@@ -22,6 +22,8 @@ Shows what this host's network interfaces have carried, and then what they carry
   -s, --sockets           the open TCP and UDP sockets in place of the meter
       --root DIRECTORY    read DIRECTORY/proc and DIRECTORY/sys in place of this host's
   -h, --help              this text
+
+A "-" stands for what does not exist or cannot be read. With --root no IP addresses are shown.
 )";
 
 namespace {
