@@ -22,7 +22,7 @@ using examples::FromUtf8;
 using examples::ToUtf8;
 
 constexpr std::string_view kHelp =
-    "Usage: address_lookup [ADDRESS...]\n"
+    "Usage: address_lookup [-h | --help] [ADDRESS...]\n"
     "Prints each ADDRESS, or each line of standard input if there are none, in all its forms:\n"
     "  IPv4 address         10.0.0.1\n"
     "  with netmask         10.0.0.1/24, 10.0.0.1/255.255.255.0, '10.0.0.1 255.255.255.0'\n"
@@ -30,8 +30,8 @@ constexpr std::string_view kHelp =
     "  IPv6 address         2001:db8::1\n"
     "  MAC address          00:1a:2b:3c:4d:5e, 001a-2b3c-4d5e\n"
     "  port                 8080\n"
-    "Exit status: 0 if all were read, 1 if any was refused, 2 if the output could not be "
-    "written.\n";
+    "Exit status: 0 if all were read, 1 if any was refused,\n"
+    "2 if an option is unknown or the output could not be written.\n";
 
 // Far beyond the longest text that any operation accepts.
 constexpr std::size_t kMaxBytes = 256;
@@ -198,13 +198,28 @@ bool ReadLine(std::istream& in, std::string& line) {
   return any;
 }
 
+// A MAC address may begin with '-' as well.
+bool IsUnknownOption(std::string_view argument) {
+  return argument.substr(0, 1) == "-" && !Lookup(FromUtf8(argument)).accepted();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument == "-h" || argument == "--help") {
+      std::cout << kHelp;
+      return std::cout.flush() ? 0 : 2;
+    }
+    if (IsUnknownOption(argument)) {
+      std::cerr << "address_lookup: unknown option " << Shown(FromUtf8(argument))
+                << "; see --help\n";
+      return 2;
+    }
+  }
   bool all_read = true;
-  if (argc > 1 && std::string_view(argv[1]) == "--help") {
-    std::cout << kHelp;
-  } else if (argc > 1) {
+  if (argc > 1) {
     for (int i = 1; i < argc; ++i) all_read = Judge(argv[i]) && all_read;
   } else {
     for (std::string line; ReadLine(std::cin, line);) {
