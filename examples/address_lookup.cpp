@@ -95,7 +95,11 @@ class Lookup {
     if (slash == text.npos) return false;
     const std::u16string head = text.substr(0, slash);
     if (QXFMT_IsValidIpAddress(head.c_str()) == 0) {
-      if (text[slash] == u'/') reason_ = "not an IPv4 address before the '/'";
+      if (QXFMT_IsValidIPv6Address(head.c_str()) != 0 && text[slash] == u'/') {
+        reason_ = "an IPv6 address with a prefix length is not read";
+      } else if (text[slash] == u'/') {
+        reason_ = "not an IPv4 address before the '/'";
+      }
       return false;
     }
     const std::u16string tail = text.substr(slash + 1);
