@@ -33,8 +33,11 @@ constexpr std::string_view kHelp =
     "Exit status: 0 if all were read, 1 if any was refused,\n"
     "2 if an option is unknown or the output could not be written.\n";
 
-// Far beyond the longest text that any operation accepts.
+// Far beyond the longest text that any operation accepts, not counting the blanks before an IPv6
+// address: the library passes over any number of them.
 constexpr std::size_t kMaxBytes = 256;
+
+constexpr std::string_view kBlanks = " \t\r";
 
 // The forms of one text, or why it has none.
 class Lookup {
@@ -187,7 +190,7 @@ bool Judge(std::string_view typed) {
   return true;
 }
 
-// A line without its blanks at both ends. Keeps no more of it than shows that it is too long.
+// A line without the blanks at both ends. One that is too long is cut, but stays too long.
 bool ReadLine(std::istream& in, std::string& line) {
   line.clear();
   char byte = 0;
@@ -195,10 +198,10 @@ bool ReadLine(std::istream& in, std::string& line) {
   while (in.get(byte)) {
     any = true;
     if (byte == '\n') break;
-    if (line.size() <= kMaxBytes) line += byte;
+    const bool is_leading_blank = line.empty() && kBlanks.find(byte) != kBlanks.npos;
+    if (!is_leading_blank && line.size() <= kMaxBytes) line += byte;
   }
-  const std::size_t begin = line.find_first_not_of(" \t\r");
-  line = begin == line.npos ? "" : line.substr(begin, line.find_last_not_of(" \t\r") + 1 - begin);
+  if (line.size() <= kMaxBytes) line.erase(line.find_last_not_of(kBlanks) + 1);
   return any;
 }
 
