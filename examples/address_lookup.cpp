@@ -127,7 +127,7 @@ class Lookup {
     }
     mask = QXFMT_GetIpAddress(text.c_str(), nullptr);
     if (QXFMT_IsValidIpMask(text.c_str()) != 0) return true;
-    reason_ = is_number != 0 ? "a prefix length above 32" : "not a netmask behind the address";
+    reason_ = is_number != 0 ? "a prefix length above 32" : "not a netmask after the address";
     return false;
   }
 
@@ -142,7 +142,7 @@ class Lookup {
     const bool is_ipv4 = QXFMT_IsValidIpAddress(head.c_str()) != 0;
     if (!is_ipv4 && !has_brackets) return false;
     if (valid == 0) {
-      reason_ = "not a port behind the address";
+      reason_ = "not a port after the address";
       return false;
     }
     if (is_ipv4) {
