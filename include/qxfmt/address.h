@@ -5,7 +5,7 @@
 ///
 /// Texts are NUL-terminated 16-bit units. Units are compared whole: only the ASCII digits and
 /// letters count as digits, so that neither full-width digits nor units that merely have the low
-/// byte of a digit pass. No text is read behind its terminator or further than an answer needs,
+/// byte of a digit pass. No text is read beyond its terminator or further than an answer needs,
 /// so that any sequence of units, of any length, may be given. A null text is refused like a bad
 /// one.
 ///
@@ -32,6 +32,7 @@
 /// Lax: a group may be empty (0) or have up to four digits, always decimal ("0255" is 255), and
 /// trailing groups may be missing: "1.2" gives the octets 1, 2, 0, 0. Refused: any other
 /// character, a value above 255 in a group, a fourth dot, a fifth digit.
+/// @param text the address.
 /// @param valid if not null, set to 0 on entry and to 1 at the end if exactly three dots were read.
 /// @return the octets read; 0 for a refused text. "0.0.0.0" is 0 as well: only the flag tells.
 QXFMT_API std::uint32_t QXFMT_GetIpAddress(WideText text, std::int32_t* valid);
@@ -41,6 +42,7 @@ QXFMT_API std::uint32_t QXFMT_GetIpAddress(WideText text, std::int32_t* valid);
 QXFMT_API std::int32_t QXFMT_IsValidIpAddress(WideText text);
 
 /// Reads a port: one to five digits, 65535 at most.
+/// @param text the port.
 /// @param valid if not null, set to 0 on entry and to 1 on success.
 /// @return the port; 0 for a refused text. Port 0 is a good port: only the flag tells.
 QXFMT_API std::uint16_t QXFMT_GetPortVal(WideText text, std::int32_t* valid);
@@ -55,12 +57,13 @@ QXFMT_API std::int32_t QXFMT_IsValidPort(std::uint16_t port);
 /// @name IPv4 netmasks
 /// @{
 
-/// The mask with that many leading ones, counted from the highest bit of the first octet on.
+/// The mask with that many leading ones, counted from the highest bit of the first octet on: 24
+/// gives 0x00FFFFFF, which is 255.255.255.0.
 /// @param bits the prefix length; above 32 the result is 0.
 QXFMT_API std::uint32_t QXFMT_BitsToMask(std::uint8_t bits);
 
-/// The count of leading ones, 0 to 32. What lies behind the first zero is not looked at:
-/// 255.0.255.0 gives 8.
+/// The count of leading ones, 0 to 32. What follows the first zero is not looked at: 255.0.255.0
+/// gives 8.
 QXFMT_API std::uint8_t QXFMT_MaskToBits(std::uint32_t mask);
 
 /// Whether the mask is not 0 and each of its octets, taken by itself, is a run of ones followed by
@@ -74,7 +77,7 @@ QXFMT_API std::int32_t QXFMT_IsValidIpMask(WideText text);
 /// @name MAC addresses
 /// @{
 
-/// Reads one or two hexadecimal digits in either case; what stands behind them is not looked at.
+/// Reads one or two hexadecimal digits in either case; what follows them is not looked at.
 /// @return the first two units as high and low digit; the first alone if the second is no digit;
 ///   a first unit that is no digit counts as 0. 0 for a null or an empty text.
 QXFMT_API std::uint8_t QXFMT_GetHexValue(WideText text);
@@ -82,6 +85,7 @@ QXFMT_API std::uint8_t QXFMT_GetHexValue(WideText text);
 /// Reads text that `QXFMT_IsValidMacAddress` passes. The digits are paired in order of appearance;
 /// separators count for nothing, wherever they stand: "0011-2233-4455" and "001:122:334:455" are
 /// 00:11:22:33:44:55.
+/// @param text the address.
 /// @param separator one more unit to pass over while pairing. Only ":" and "-" can stand between
 ///   the digits of a text that the test passes, so that any other separator, "." for one, does not
 ///   make a text acceptable. A separator that is itself a hexadecimal digit is left out of the
@@ -91,7 +95,8 @@ QXFMT_API std::uint8_t QXFMT_GetHexValue(WideText text);
 QXFMT_API std::uint64_t QXFMT_GetMacAddress(WideText text, char16_t separator);
 
 /// The octets as a value, octets[0] in the lowest 8 bits.
-/// @param octets not null; six are read if `count` is 6, and eight otherwise, whatever it is.
+/// @param octets not null; in the order of the text.
+/// @param count six octets are read if it is 6, and eight otherwise, whatever it is.
 QXFMT_API std::uint64_t QXFMT_GetMacAddress(const std::uint8_t* octets, std::int32_t count);
 
 /// Whether the text has 11 to 17 units, all of them hexadecimal digits, ":" or "-", and exactly
@@ -112,11 +117,12 @@ QXFMT_API std::int32_t QXFMT_IsValidMacAddress(const std::uint8_t* octets, std::
 /// and a dotted decimal tail for the last two (each part one to three digits, leading zeros
 /// allowed, always decimal). Reads every text that `FormatIPv6Address` writes.
 ///
-/// Beyond the RFC it takes blanks (U+0020): before and behind the text, inside a group, beside a
+/// Beyond the RFC it takes blanks (U+0020): before and after the text, inside a group, beside a
 /// colon, a "::" or a point, but not between the colons of a "::". It takes an empty first dotted
 /// part ("::.1.2.3"), an empty second or third one with a blank in it ("::1. .2.3"), and, in a text
-/// with "::", a final colon with a blank behind it. Refused are zone suffixes, prefix lengths,
+/// with "::", a final colon followed by a blank. Refused are zone suffixes, prefix lengths,
 /// brackets, and texts of 100 units or more, not counting leading blanks, which may be any number.
+/// @param text the address.
 /// @param address 16 bytes in network order, written at the end of success and untouched otherwise;
 ///   null to only test.
 /// @return 1 if the text was read, else 0.

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The arena behind all result text. Part of `CQXDataFormat`; applications do not use it directly.
+/// The arena that holds all result text. A part of `CQXDataFormat`, not for direct use.
 
 #include <cstddef>
 #include <cstdint>
@@ -15,13 +15,19 @@
 /// Not thread-safe: calls on one object must not overlap.
 class CQXBlockBuffer {
  public:
-  /// @param largest_chunk bytes, book-keeping included, that a chunk grows to at most.
+  /// Takes no memory.
+  /// @param largest_chunk bytes, book-keeping included, that a chunk grows to at most; a larger
+  ///   block gets a chunk as large as it needs.
   explicit CQXBlockBuffer(std::uint32_t largest_chunk);
+  /// Does what `ReleaseAll` does.
   ~CQXBlockBuffer();
 
+  /// Not available: a block belongs to one arena.
   CQXBlockBuffer(const CQXBlockBuffer&) = delete;
+  /// Not available: a block belongs to one arena.
   CQXBlockBuffer& operator=(const CQXBlockBuffer&) = delete;
 
+  /// Sets the sizes of chunks. Called once, before the first block.
   /// @param first_chunk bytes of the first chunk, book-keeping included.
   /// @param growth how many times larger each further chunk is than the one before.
   void SetBlockSize(std::uint32_t first_chunk, std::uint32_t growth);

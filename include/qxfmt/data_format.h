@@ -27,11 +27,16 @@ class GrowableText;
 /// Cost: a new object owns no memory until its first result, so that one on the stack for a single
 /// call is cheap. An object that is reset now and then soon allocates nothing more.
 ///
-/// Threads: calls on one object must not overlap; different objects share only the settings.
+/// Threads: calls on one object must not overlap. Different objects share the settings, which any
+/// thread may change at any time, and the C library's locale and time zone, which may not change
+/// during a call that reads them.
 class QXFMT_API CQXDataFormat {
  public:
+  /// Takes no memory.
   CQXDataFormat();
+  /// Voids all results in the arena and gives its memory back.
   ~CQXDataFormat();
+  /// Not available: a result belongs to one object.
   CQXDataFormat(const CQXDataFormat&) = delete;
 
   /// Does nothing and returns the target: each object keeps its own arena and its own results.
@@ -43,42 +48,54 @@ class QXFMT_API CQXDataFormat {
   void Reset();
 
   /// @name Whole numbers
-  /// @param value printed in decimal; every value of every type fits.
+  /// Decimal text of an integer; every value of every type fits. No setting is read.
+  /// @param value the number.
   /// @param grouped non-zero puts "," between groups of three digits: "-1,234,567".
-  /// One block: 256 bytes for 64 bits, 128 for 32 bits, 64 for 16 bits.
   /// @{
+
+  /// At most "18,446,744,073,709,551,615". One block of 256 bytes.
   ResultText FormatNumber(std::uint64_t value, std::int32_t grouped);
+  /// At most "-9,223,372,036,854,775,808". One block of 256 bytes.
   ResultText FormatNumber(std::int64_t value, std::int32_t grouped);
+  /// At most "4,294,967,295". One block of 128 bytes.
   ResultText FormatNumber(std::uint32_t value, std::int32_t grouped);
+  /// At most "-2,147,483,648". One block of 128 bytes.
   ResultText FormatNumber(std::int32_t value, std::int32_t grouped);
+  /// At most "65,535". One block of 64 bytes.
   ResultText FormatNumber(std::uint16_t value, std::int32_t grouped);
+  /// At most "-32,768". One block of 64 bytes.
   ResultText FormatNumber(std::int16_t value, std::int32_t grouped);
   /// @}
 
   /// @name Decimals
   /// The exact binary value is rounded to the places, exact ties to the even digit, as the
-  /// conversion "%f" of the C standard does. The decimal point is that of the process's current C
-  /// locale; the grouping comma is always ",". A negative zero keeps its sign. NaN and the
-  /// infinities read "nan", "-nan", "inf" and "-inf". A text that is too long for its limit comes
-  /// back empty. One block of 256 bytes unless an operation says otherwise.
+  /// conversion "%f" of the C standard does. The decimal point is that of the C locale that the
+  /// calling thread is in, so that no other thread may call `setlocale` meanwhile; the grouping
+  /// comma is always ",". A negative zero keeps its sign. NaN and the infinities read "nan",
+  /// "-nan", "inf" and "-inf", without decimals. A text that is too long for its limit comes back
+  /// empty. One block of 256 bytes unless an operation says otherwise.
   /// @{
 
+  /// A number with a given count of decimals. At most 119 units ungrouped; grouped at most 127 with
+  /// the commas.
+  /// @param value the number.
   /// @param places decimals; capped to 0..32.
   /// @param grouped non-zero puts "," between groups of three digits of the integer part, and after
   ///   rounding: 999.999 with 2 places reads "1,000.00".
-  /// At most 119 units ungrouped; grouped at most 127 with the commas.
   ResultText FormatNumberEx(double value, std::int32_t places, std::int32_t grouped);
 
   /// `FormatNumberEx` with the places of `QXFMT_SetNumberDecimalPlaces`.
   ResultText FormatNumber(double value, std::int32_t grouped);
 
-  /// A whole number with a least count of digits: 5 with 3 reads "005".
+  /// A whole number with a least count of digits: 5 with 3 reads "005". Every value fits.
+  /// @param value the number.
   /// @param places least count of digits, filled with leading zeros; capped to 0..6. With 0 the
   ///   value 0 reads as the empty text.
-  /// @param grouped as above; leading zeros are grouped like digits.
+  /// @param grouped non-zero puts "," between groups of three digits, leading zeros included.
   ResultText FormatNumberEx(std::uint64_t value, std::int32_t places, std::int32_t grouped);
 
-  /// Two decimals, never grouped, no setting read. One block of 128 bytes.
+  /// Two decimals, never grouped, no setting read. Every value fits: at most 43 units. One block
+  /// of 128 bytes.
   ResultText FormatDecimal(float value);
   /// Two decimals, never grouped, no setting read. At most 126 units.
   ResultText FormatDecimal(double value);
@@ -87,65 +104,98 @@ class QXFMT_API CQXDataFormat {
   /// @name Data sizes
   /// A count of bytes (scaled by powers of 1024: "1.50 KB") or of bits (by powers of 1000:
   /// "1.50 Kb"). The unit is, in this order: the argument, if not 0, and then the number is
-  /// grouped; the setting, if not 0; the largest that does not exceed the value, where a value of
-  /// 2^63 or more counts as below all. It is not chosen again after rounding: 1048575 bytes with 2
-  /// places read "1024.00 KB".
-  /// @param places decimals as in `FormatNumberEx`. With 0 or less, bytes are cut off at the unit
-  ///   (1536 bytes read "1 KB") while bits are rounded (1500 bits read "2 Kb").
+  /// grouped; the setting, if not 0; the largest that does not exceed the value, or else the
+  /// smallest, where a value of 2^63 or more counts as below all. It is not chosen again after
+  /// rounding: 1048575 bytes with 2 places read "1024.00 KB".
+  ///
+  /// @param value the count of bytes or bits; every value fits.
+  /// @param unit the unit, or `QXFMT_BYTES_AUTO` (0) for the setting or the magnitude.
+  /// @param places decimals as in `FormatNumberEx`. With 0 or less, bytes in KB and above are cut
+  ///   off at the unit in integers, before the conversion (1536 bytes read "1 KB"), while bits are
+  ///   rounded (1500 bits read "2 Kb").
+  ///
   /// Two blocks, of 128 and of 256 bytes; only the first holds the result.
   /// @{
+
+  /// Bytes in the unit of `QXFMT_SetByteFormat` or by magnitude: "1.50 KB".
   ResultText FormatByte(std::uint64_t value, std::int32_t places);
+  /// Bytes in the unit given, grouped: "1,205,632,705.20 KB".
   ResultText FormatByte(std::uint64_t value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
+  /// Bits in the unit of `QXFMT_SetBitFormat` or by magnitude: "1.50 Kb".
   ResultText FormatBit(std::uint64_t value, std::int32_t places);
+  /// Bits in the unit given, grouped: "1,234,567,890.12 Kb".
   ResultText FormatBit(std::uint64_t value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
   /// @}
 
   /// @name Data rates
   /// As the sizes, with the texts "Bps", "KBps" and so on, or "bps", "Kbps" and so on. Where no
-  /// places are given they are those of `QXFMT_SetNumberDecimalPlaces`. A rate given as a double
-  /// takes its unit from its whole part (a negative one, a NaN and one outside the signed 64-bit
-  /// range the smallest) and is rounded, never cut off. A text of more than 62 units comes back
-  /// empty. Two blocks, of 128 and of 256 bytes; only the first holds the result.
+  /// places are given they are those of `QXFMT_SetNumberDecimalPlaces`.
+  /// A rate given as a double takes its unit from its whole part (a negative one, a NaN and one
+  /// outside the signed 64-bit range the smallest) and is rounded, never cut off. A text of more
+  /// than 62 units comes back empty.
+  ///
+  /// @param value the rate per second.
+  /// @param unit the unit, or `QXFMT_BYTES_AUTO` (0) for the setting or the magnitude.
+  /// @param places decimals as in `FormatNumberEx`; for integers as in the sizes.
+  ///
+  /// Two blocks, of 128 and of 256 bytes; only the first holds the result.
   /// @{
+
+  /// Bytes in the unit of `QXFMT_SetBytePerSecondFormat` or by magnitude: "1.50 KBps".
   ResultText FormatBytePerSecond(std::uint64_t value);
+  /// Bytes in the unit of `QXFMT_SetBytePerSecondFormat` or by magnitude: "1.50 KBps".
   ResultText FormatBytePerSecond(double value);
+  /// Bytes in the unit given, grouped: "1,205 KBps" with 0 places.
   ResultText FormatBytePerSecond(std::uint64_t value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
+  /// Bytes in the unit given, grouped: "1,205.632 KBps" with 3 places.
   ResultText FormatBytePerSecond(double value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
+  /// Bits in the unit of `QXFMT_SetBitPerSecondFormat` or by magnitude: "2.50 Mbps".
   ResultText FormatBitPerSecond(std::uint64_t value);
+  /// Bits in the unit of `QXFMT_SetBitPerSecondFormat` or by magnitude: "2.50 Mbps".
   ResultText FormatBitPerSecond(double value);
+  /// Bits in the unit given, grouped: "1,235 Kbps" with 0 places.
   ResultText FormatBitPerSecond(std::uint64_t value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
+  /// Bits in the unit given, grouped: "1,234.568 Kbps" with 3 places.
   ResultText FormatBitPerSecond(double value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
   /// @}
 
   /// @name Percentages
   /// @param value a ratio, not a percentage: 1 reads "100%".
-  /// Grouped if the setting of `QXFMT_SetPercentageDecimalPlaces` is not 0, as it is at start.
+  ///
+  /// Every value fits. Grouped if the setting of `QXFMT_SetPercentageDecimalPlaces` is not 0, as it
+  /// is at start. Without memory the text is "[MEM_ERR]" and has no percent sign.
   /// @{
 
-  /// The product with 100 is taken modulo 2^32. One block of 128 bytes.
+  /// Without decimals. The product with 100 is taken modulo 2^32, as a signed number: 21474837
+  /// reads "-2,147,483,596%". One block of 128 bytes.
   ResultText FormatPercentage(std::int32_t value);
-  /// The product with 100 is taken in single precision and printed with the decimals of
-  /// `QXFMT_SetNumberDecimalPlaces`. One block of 256 bytes.
+  /// With the decimals of `QXFMT_SetNumberDecimalPlaces`: "12.30%". The product with 100 is taken
+  /// in single precision. One block of 256 bytes.
   ResultText FormatPercentage(float value);
   /// @}
 
   /// @name Bit patterns
-  /// All bits from the most significant to the least, with a blank between groups of four:
-  /// "1010 0101". One block: 64 bytes for 8 and 16 bits, 128 bytes for 32 bits.
+  /// All bits from the most significant to the least, with a blank between groups of four.
   /// @{
+
+  /// 8 bits: "1010 0101". One block of 64 bytes.
   ResultText FormatBinary(std::uint8_t value);
+  /// 16 bits: "0001 0010 0011 0100". One block of 64 bytes.
   ResultText FormatBinary(std::uint16_t value);
+  /// 32 bits, 39 units of text. One block of 128 bytes.
   ResultText FormatBinary(std::uint32_t value);
   /// @}
 
   /// @name IPv4 addresses
-  /// @param address the first octet of the text in the lowest 8 bits: 0x0100007F is "127.0.0.1".
+  /// @param address the first octet of the text in the lowest 8 bits, on every machine: 0x0100007F
+  ///   is "127.0.0.1".
   /// @{
 
-  /// One block of 40 bytes.
+  /// "127.0.0.1". One block of 40 bytes.
   ResultText FormatIpAddress(std::uint32_t address);
-  /// Prints into the caller's area, takes no block and returns the area. At most the first 16 units
-  /// are touched.
+  /// "127.0.0.1" in the caller's area. Takes no block and returns the area. At most the first 16
+  /// units are touched.
+  /// @param address the first octet in the lowest 8 bits, as in the overload without an area.
   /// @param buffer the area; not null unless the length is refused.
   /// @param length units of the area. Below 16, which the longest address with its terminator
   ///   takes, the area is left untouched and the result is "[BUF_LEN_ERR]".
@@ -155,6 +205,7 @@ class QXFMT_API CQXDataFormat {
   /// @}
 
   /// @name Link-layer addresses
+  /// Octets in upper-case hexadecimal with ":" between them.
   /// @{
 
   /// "00:1A:2B:3C:4D:5E", the octet in the lowest 8 bits first; bits 48 to 63 are ignored. One
@@ -169,17 +220,20 @@ class QXFMT_API CQXDataFormat {
 
   /// @name IPv6 addresses
   /// @param address 16 bytes in network order, only read. Null gives "[INPUT_ERR_NULL]".
+  /// @param type the form of the text; no setting takes part.
   ///
   /// Each text is valid under RFC 4291 section 2.2. The run that becomes "::" is the first of the
   /// longest runs of zero bytes, cut to whole groups; one whole group is enough, and if none is
   /// left there is no "::". That is why the text can differ from the one of RFC 5952.
   /// @{
 
-  /// One block of 100 bytes.
+  /// "2001:db8::1", at most 45 units. One block of 100 bytes; none for a null address.
   ResultText FormatIPv6Address(const std::uint8_t* address, QXFMT_IPV6_TYPE type);
-  /// "[2001:db8::1]:443". A failure text of the address stands in the brackets. Two blocks, of 128
-  /// and of 100 bytes; only the first holds the result.
+  /// "[2001:db8::1]:443". A failure text of the address stands in the brackets:
+  /// "[[INPUT_ERR_NULL]]:80". Two blocks, of 128 and of 100 bytes; only the first holds the result.
   ResultText FormatIpv6Port(const std::uint8_t* address, std::uint16_t port, QXFMT_IPV6_TYPE type);
+  /// @}
+
   /// @name Dates and times of day
   /// @param seconds since 1970-01-01 00:00:00 UTC, shown in the local zone of the process, as the C
   ///   library holds it: an application that changes TZ while it runs calls `tzset`. 0 reads as the
@@ -187,6 +241,7 @@ class QXFMT_API CQXDataFormat {
   ///   takes a block, nor does a zone conversion that fails: it gives the empty text too.
   /// @param layout order of the date's fields; `QXFMT_DATE_DEFAULT` is what
   ///   `QXFMT_SetDateTimeFormat` set.
+  ///
   /// No locale takes part. Safe beside other threads' conversions, but not beside a `tzset` or
   /// `setenv` of another thread.
   /// @{
@@ -206,6 +261,7 @@ class QXFMT_API CQXDataFormat {
   /// limit is accepted in full, and a count within the first second has a time of day but no date:
   /// " 08:00:00.500". A negative count of less than a second reads likewise, with the sign among
   /// the digits of the fraction: "08:00:00.-05".
+  ///
   /// One block of 128 bytes, and with a date a second one that only helps to build the text.
   /// @{
 
@@ -221,81 +277,113 @@ class QXFMT_API CQXDataFormat {
   ResultText FormatHiResTime(std::int64_t microseconds);
   /// "06:13:20.000000123" from nanoseconds.
   ResultText FormatMaxHiResTime(std::int64_t nanoseconds);
+  /// @}
 
-  /// Cuts nanoseconds off to the accuracy and goes on as the operation for that unit; whole seconds
-  /// go to `FormatDateTime` and `FormatTime`. No setting stands in for the accuracy: one outside
-  /// its list gives the empty text and takes no block.
+  /// @name Timestamps with a chosen accuracy
+  /// Cuts nanoseconds off to the accuracy (toward zero) and goes on as the operation for that unit,
+  /// its tests and blocks included. A count of less than one unit becomes 0: the empty text.
+  /// @param nanoseconds since 1970-01-01 00:00:00 UTC, whatever the accuracy.
+  /// @param accuracy the finest unit shown. No setting stands in for it; a value outside its list
+  ///   gives the empty text and takes no block.
+  /// @param layout as for the dates.
+  /// @{
+
+  /// As `FormatDateTime` (seconds), `FormatMSecondDataTime`, `FormatHiResDateTime` or
+  /// `FormatMaxHiResDateTime`.
   ResultText FormatAllDateTime(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy,
                                QXFMT_DATE_FORMAT layout);
+  /// As `FormatTime` (seconds), `FormatMSecondTime`, `FormatHiResTime` or `FormatMaxHiResTime`: the
+  /// time of day alone.
   ResultText FormatAllTime(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy);
   /// @}
 
+  /// @name OLE automation dates
+  /// @{
+
   /// An OLE automation date, as date and time of day: "2023/11/15 06:00:00". It already is calendar
-  /// time: no zone takes part, and 0 is a date like any other.
+  /// time: no zone takes part, and 0 is a date like any other. One block of 128 bytes.
   /// @param date whole part: days from 1899-12-30. Fraction: the time of day by its absolute value,
   ///   for negative dates too (-1.25 is 1899-12-29 06:00:00), rounded to the nearest second, a half
   ///   up, where the last second of a day may carry into the next day. Years 100 to 9999. The
   ///   fields of a date outside them, before or after the carry, of a NaN and of an infinity read
   ///   as -1 ("-1/-1/-1 -1:-1:-1"), the month too where the layout asks for its name.
-  /// @param layout as for the dates. One block of 128 bytes.
+  /// @param layout as for the dates.
   ResultText FormatOleDateTime(double date, QXFMT_DATE_FORMAT layout);
+  /// @}
 
   /// @name Durations
   /// A span of time, not a point in the calendar. Its sign stands before the whole text, and 0 has
   /// none. No setting takes part.
-  /// @param format
+  /// @param format the kind of text:
   ///   - `QXFMT_DURATION_CLOCK`: "01:01:01.500". There are no days: hours go on at 24 and at 100.
   ///   - `QXFMT_DURATION_WORDS_EN`, `QXFMT_DURATION_WORDS_CN`: "1h1m1s500ms", see `FormatDuration`.
   ///   - any other: whole seconds and fraction, "3661.500".
+  ///
   /// Ranges: whole seconds show modulo 2^32, in the last layout as a signed 32-bit number; words
   /// show the nanoseconds modulo 2^64. The most negative count counts as 2^63 below zero.
+  ///
   /// One block of 128 bytes, also where the text of a 0 is a static one.
   /// @throws StatusException in the worded formats only, when memory for a string cannot be had.
   ///   The block stays taken and the object usable.
   /// @{
 
-  /// "01:01:01"; whole seconds and no fraction: "05".
+  /// From seconds, without a sign and a fraction: "01:01:01", "1h1m1s", "3661". The last layout has
+  /// two digits at least: "05".
   ResultText FormatDurationSecond(std::uint32_t seconds, QXFMT_DURATION_FORMAT format);
+  /// From milliseconds: "01:01:01.500", "1h1m1s500ms", "3661.500".
   ResultText FormatDurationMSecond(std::int64_t milliseconds, QXFMT_DURATION_FORMAT format);
+  /// From microseconds: "01:01:01.500000", "1h1m1s500ms", "3661.500000".
   ResultText FormatDurationUSecond(std::int64_t microseconds, QXFMT_DURATION_FORMAT format);
+  /// From nanoseconds: "01:01:01.500000000", "1h1m1s500ms", "3661.500000000".
   ResultText FormatDurationNSecond(std::int64_t nanoseconds, QXFMT_DURATION_FORMAT format);
 
   /// Cuts nanoseconds off to the accuracy (toward zero) and goes on as the operation for that unit.
-  /// Whole seconds go on as their low 32 bits, so that a negative span needs a finer accuracy. One
-  /// outside its list gives the empty text and takes no block.
+  /// Whole seconds go on as their low 32 bits, so that a negative span needs a finer accuracy. An
+  /// accuracy outside its list gives the empty text and takes no block.
   ResultText FormatDurationAllSecond(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy,
                                      QXFMT_DURATION_FORMAT format);
+  /// @}
 
-  /// "01:01:01.001" from milliseconds. A negative value and one above 32503651200 (the number of
-  /// `QXFMT_TIME_LIMIT`, here milliseconds: some 376 days) read as "[TIME_OUT_RANGE]" and take no
-  /// block. Otherwise one block of 128 bytes.
+  /// @name Time ranges
+  /// @{
+
+  /// A span of milliseconds, always in clock layout: "01:01:01.001". A negative value and one above
+  /// 32503651200 (the number of `QXFMT_TIME_LIMIT`, here milliseconds: some 376 days) read as
+  /// "[TIME_OUT_RANGE]" and take no block. Otherwise one block of 128 bytes.
   ResultText FormatHiResTimeRange(std::int64_t milliseconds);
   /// @}
 
   /// @name Integer types of the same width under another name
-  /// `unsigned long long` where `std::uint64_t` is `unsigned long`, and the like: they go to the
-  /// overload of their width. A rate or a count takes any unsigned type.
+  /// `unsigned long long` where `std::uint64_t` is `unsigned long`, and the like. `FormatNumberEx`
+  /// and the rates take any unsigned type; a signed one does not compile.
   /// @{
+
+  /// The overload for the width and the sign of `Integer`.
   template <typename Integer, typename = qxfmt::OtherInteger<Integer>>
   ResultText FormatNumber(Integer value, std::int32_t grouped) {
     return FormatNumber(static_cast<qxfmt::FixedWidth<Integer>>(value), grouped);
   }
+  /// The overload for `std::uint64_t`: a least count of digits.
   template <typename Integer, typename = qxfmt::OtherUnsigned<Integer>>
   ResultText FormatNumberEx(Integer value, std::int32_t places, std::int32_t grouped) {
     return FormatNumberEx(std::uint64_t{value}, places, grouped);
   }
+  /// The overload for `std::uint64_t`.
   template <typename Integer, typename = qxfmt::OtherUnsigned<Integer>>
   ResultText FormatBytePerSecond(Integer value) {
     return FormatBytePerSecond(std::uint64_t{value});
   }
+  /// The overload for `std::uint64_t`.
   template <typename Integer, typename = qxfmt::OtherUnsigned<Integer>>
   ResultText FormatBytePerSecond(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places) {
     return FormatBytePerSecond(std::uint64_t{value}, unit, places);
   }
+  /// The overload for `std::uint64_t`.
   template <typename Integer, typename = qxfmt::OtherUnsigned<Integer>>
   ResultText FormatBitPerSecond(Integer value) {
     return FormatBitPerSecond(std::uint64_t{value});
   }
+  /// The overload for `std::uint64_t`.
   template <typename Integer, typename = qxfmt::OtherUnsigned<Integer>>
   ResultText FormatBitPerSecond(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places) {
     return FormatBitPerSecond(std::uint64_t{value}, unit, places);
@@ -304,17 +392,20 @@ class QXFMT_API CQXDataFormat {
 
  protected:
   /// @name Worded durations
-  /// Number-and-unit pairs without blanks, the largest unit first: "1d1h1m1s1ms1us1ns".
+  /// Number-and-unit pairs without blanks, the largest unit first: "1d1h1m1s1ms1us1ns". No block is
+  /// taken.
   /// @throws StatusException when memory for the text cannot be had; the text is then as it was.
   /// @{
 
   /// Replaces the content of `result` with the words of a duration. Only units with a value above 0
   /// show, days to the unit of the accuracy; what is finer is cut off. Where nothing shows, it is 0
-  /// of that unit: "0ms". An accuracy outside its list shows all units, and of a 0 none: the empty
-  /// text.
+  /// of that unit: "0ms".
+  /// @param accuracy the finest unit. A value outside its list shows all units, and of a 0 none:
+  ///   the empty text.
   /// @param format `QXFMT_DURATION_WORDS_CN` for Chinese unit words, any other value for Latin.
   /// @param nanoseconds a negative count reads as a minus and the words of its magnitude; without
   ///   the minus if all that shows is a 0.
+  /// @param result the text to replace.
   void FormatDuration(QXFMT_TIME_ACCURACY accuracy, QXFMT_DURATION_FORMAT format,
                       std::int64_t nanoseconds, GrowableText& result);
 

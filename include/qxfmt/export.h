@@ -1,7 +1,10 @@
 #pragma once
 
 /// @file
-/// The mark of everything that the shared library exports. Whatever does not carry it is hidden.
+/// The mark of what the shared library exports.
+
+/// @def QXFMT_API
+/// Marks a class or a function that the shared library exports. What does not carry it is hidden.
 
 #if defined(_WIN32)
 #if defined(QXFMT_BUILDING)

@@ -23,8 +23,11 @@ class QXFMT_API StatusException : public std::exception {
   /// An argument is invalid: no text or format, a negative length, or one above the capacity.
   static constexpr std::uint32_t kInvalidArgument = 0x80070057;
 
+  /// Carries `status`, one of the three codes.
   explicit StatusException(std::uint32_t status) noexcept : status_(status) {}
+  /// Carries the same code.
   StatusException(const StatusException&) noexcept = default;
+  /// Takes the code over.
   StatusException& operator=(const StatusException&) noexcept = default;
   ~StatusException() override;
 
@@ -40,15 +43,17 @@ class QXFMT_API StatusException : public std::exception {
 
 namespace qxfmt {
 
-/// An argument of `GrowableText::append_format`, with the type that it came in. Does not own a
-/// text.
+/// An argument of `GrowableText::append_format`, with the type that it came in. It does not own a
+/// text, which must outlive it.
 class FormatArgument {
  public:
+  /// What an argument holds; `kNone` fits no conversion.
   enum class Kind : std::uint8_t { kNone, kSigned, kUnsigned, kDouble, kText };
 
+  /// No argument: its kind is `kNone`.
   FormatArgument() = default;
 
-  /// Any integer but `bool`, which no conversion prints.
+  /// Any integer except `bool`, which no conversion prints.
   template <
       typename Integer,
       std::enable_if_t<std::is_integral_v<Integer> && !std::is_same_v<Integer, bool>, int> = 0>
@@ -63,17 +68,18 @@ class FormatArgument {
       std::enable_if_t<std::is_same_v<Float, float> || std::is_same_v<Float, double>, int> = 0>
   explicit FormatArgument(Float value) : kind_(Kind::kDouble), double_(double{value}) {}
 
-  /// A null text is an argument that fits no conversion.
+  /// A NUL-terminated text. A null one has the kind `kNone`.
   explicit FormatArgument(WideText text) {
     if (text != nullptr) *this = FormatArgument(std::u16string_view(text));
   }
+  /// A text of known length, which may hold NUL units.
   explicit FormatArgument(std::u16string_view text) : kind_(Kind::kText), text_(text) {}
 
-  Kind kind() const { return kind_; }
+  Kind kind() const { return kind_; }                 ///< which of the values below is set
   std::uint32_t bits() const { return bits_; }        ///< width of an integer's type
   std::uint64_t integer() const { return integer_; }  ///< sign-extended, modulo 2^64
-  double floating() const { return double_; }
-  std::u16string_view text() const { return text_; }
+  double floating() const { return double_; }         ///< a `float` without loss, or the `double`
+  std::u16string_view text() const { return text_; }  ///< the text, without a terminator
 
  private:
   Kind kind_ = Kind::kNone;
@@ -102,6 +108,7 @@ class QXFMT_API GrowableText {
   /// An empty text with memory from `std::pmr::get_default_resource()`.
   /// @throws StatusException kNoMemory
   GrowableText();
+  /// An empty text with memory from `resource`.
   /// @throws StatusException kFailed if `resource` is null, kNoMemory
   explicit GrowableText(std::pmr::memory_resource* resource);
 
@@ -109,39 +116,49 @@ class QXFMT_API GrowableText {
   GrowableText(const GrowableText& source);
   /// Takes memory and resource over. The source is left empty, with a capacity of 0, and usable.
   GrowableText(GrowableText&& source) noexcept;
-  /// Keeps the target's own resource, also where the source is about to go.
+  /// Copies the text; the target keeps its resource. There is no move assignment.
   /// @throws StatusException kNoMemory
   GrowableText& operator=(const GrowableText& source);
+  /// Gives the memory back.
   ~GrowableText();
 
   /// The text, NUL-terminated; never null.
   WideText c_str() const noexcept { return units_ != nullptr ? units_ : u""; }
+  /// The text, without its terminator.
   operator std::u16string_view() const noexcept { return {c_str(), size_}; }
 
   /// Units of text, the terminator not counted.
   std::size_t size() const noexcept { return size_; }
+  /// The same as `size`.
   std::size_t length() const noexcept { return size_; }
+  /// Whether there are no units of text.
   bool empty() const noexcept { return size_ == 0; }
   /// Units of text that there is room for without growth.
   std::size_t capacity() const noexcept { return capacity_; }
+  /// The most units of text that can be asked for; memory ends long before.
   static constexpr std::size_t max_size() noexcept { return PTRDIFF_MAX / sizeof(char16_t) - 1; }
 
   /// Replaces the text. @throws StatusException kInvalidArgument if `text` is null, kNoMemory
   GrowableText& assign(WideText text);
+  /// Replaces the text. @throws StatusException kNoMemory
   GrowableText& assign(std::u16string_view text);
 
-  /// Puts text behind. @throws StatusException kInvalidArgument if `text` is null, kNoMemory
+  /// Appends text. @throws StatusException kInvalidArgument if `text` is null, kNoMemory
   GrowableText& append(WideText text);
+  /// Appends text. @throws StatusException kNoMemory
   GrowableText& append(std::u16string_view text);
 
-  /// Puts formatted text behind. The conversions are "%d", "%u", "%x", "%X", "%s", "%f" and "%%";
-  /// - of integers with a size ("h" 16 bits, none or "l" 32, "I64" 64), where the argument's type
-  ///   must have no value outside the conversion's ("%d" does not take an unsigned 32-bit integer),
-  ///   and with a zero-filled width ("%02X") of 999 at most;
-  /// - of `float` and `double` with a precision of 0 to 32 ("%.2f"), 6 if none is given;
-  /// - of texts as they are: `WideText`, or anything that converts to `std::u16string_view`.
-  ///
-  /// The decimal point is that of the current C locale.
+  /// Appends formatted text. The decimal point is that of the C locale that the calling thread is
+  /// in; no other thread may call `setlocale` meanwhile.
+  /// @param format text with one conversion for each argument, and "%%" for a percent sign.
+  ///   - "%d", "%u", "%x", "%X": an integer of 32 bits ("%ld" as well), 16 ("%hd") or 64 ("%I64d"),
+  ///     with a zero-filled width of 999 at most if one is given ("%02X"). The argument's type must
+  ///     have no value that the conversion has not: "%d" takes no unsigned 32-bit integer, and
+  ///     "%u", "%x" and "%X" take no signed one.
+  ///   - "%f": a `float` or a `double`, with a precision of 0 to 32 ("%.2f"), or else 6.
+  ///   - "%s": a text, printed as it is.
+  /// @param arguments integers except `bool`, `float`, `double`, `WideText`, or what converts to
+  ///   `std::u16string_view`; any other type does not compile.
   /// @throws StatusException kInvalidArgument if `format` is null; kFailed if it has any other
   ///   conversion, or if the arguments do not fit it in number and kind (a null text fits nothing);
   ///   kNoMemory

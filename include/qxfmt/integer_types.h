@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <type_traits>
 
+/// What the declarations of the interface need. Not for direct use.
 namespace qxfmt {
 
+/// Whether the first type is one of the others.
 template <typename Type, typename... Types>
 inline constexpr bool kIsAnyOf = (std::is_same_v<Type, Types> || ...);
 

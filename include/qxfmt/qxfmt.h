@@ -3,6 +3,15 @@
 /// @file
 /// All of QXFMT's public interface.
 
+/// @mainpage
+/// Short display text for network measurements, and typed address text back into values.
+///
+/// - `CQXDataFormat` turns values into text.
+/// - address.h reads and tests addresses, masks and ports.
+/// - settings.h has the display settings of the process.
+/// - formats.h has the enumerations, text.h the types of text.
+/// - `GrowableText` and `StatusException` belong to worded durations.
+
 #include <qxfmt/address.h>
 #include <qxfmt/block_buffer.h>
 #include <qxfmt/data_format.h>

@@ -21,43 +21,52 @@ extern "C" {
 
 /// Unit of `FormatByte` where its argument names none. At start `QXFMT_BYTES_AUTO`.
 QXFMT_API void QXFMT_SetByteFormat(QXFMT_BYTES_FORMAT format);
+/// What `QXFMT_SetByteFormat` stored last, or the value at start.
 QXFMT_API QXFMT_BYTES_FORMAT QXFMT_GetByteFormat();
 
 /// Unit of `FormatBit` where its argument names none. At start `QXFMT_BYTES_AUTO`.
 QXFMT_API void QXFMT_SetBitFormat(QXFMT_BYTES_FORMAT format);
+/// What `QXFMT_SetBitFormat` stored last, or the value at start.
 QXFMT_API QXFMT_BYTES_FORMAT QXFMT_GetBitFormat();
 
 /// Unit of `FormatBytePerSecond` where its argument names none. At start `QXFMT_BYTES_AUTO`.
 QXFMT_API void QXFMT_SetBytePerSecondFormat(QXFMT_BYTES_FORMAT format);
+/// What `QXFMT_SetBytePerSecondFormat` stored last, or the value at start.
 QXFMT_API QXFMT_BYTES_FORMAT QXFMT_GetBytePerSecondFormat();
 
 /// Unit of `FormatBitPerSecond` where its argument names none. At start `QXFMT_BYTES_AUTO`.
 QXFMT_API void QXFMT_SetBitPerSecondFormat(QXFMT_BYTES_FORMAT format);
+/// What `QXFMT_SetBitPerSecondFormat` stored last, or the value at start.
 QXFMT_API QXFMT_BYTES_FORMAT QXFMT_GetBitPerSecondFormat();
 
 /// Decimals of `FormatNumber` of a double, of the rates that take only a value, and of
 /// `FormatPercentage` of a float. At start 2. Capped to 0..32 where it is read.
 QXFMT_API void QXFMT_SetNumberDecimalPlaces(std::int32_t places);
+/// What `QXFMT_SetNumberDecimalPlaces` stored last, or the value at start.
 QXFMT_API std::int32_t QXFMT_GetNumberDecimalPlaces();
 
 /// Despite its name a grouping switch of `FormatPercentage`: 0 is off, any other value on.
 /// At start 2.
 QXFMT_API void QXFMT_SetPercentageDecimalPlaces(std::int32_t places);
+/// What `QXFMT_SetPercentageDecimalPlaces` stored last, or the value at start.
 QXFMT_API std::int32_t QXFMT_GetPercentageDecimalPlaces();
 
 /// Date layout where an operation is given `QXFMT_DATE_DEFAULT`. At start `QXFMT_DATE_DEFAULT`,
 /// which acts as `QXFMT_DATE_YMD`.
 QXFMT_API void QXFMT_SetDateTimeFormat(QXFMT_DATE_FORMAT format);
+/// What `QXFMT_SetDateTimeFormat` stored last, or the value at start.
 QXFMT_API QXFMT_DATE_FORMAT QXFMT_GetDateTimeFormat();
 
 /// Stored for the application's own use: no operation of the library reads it.
 /// At start `QXFMT_TIME_USECOND`.
 QXFMT_API void QXFMT_SetTimeAccuracy(QXFMT_TIME_ACCURACY accuracy);
+/// What `QXFMT_SetTimeAccuracy` stored last, or the value at start.
 QXFMT_API QXFMT_TIME_ACCURACY QXFMT_GetTimeAccuracy();
 
 /// Stored for the application's own use: no operation of the library reads it.
 /// At start `QXFMT_DURATION_CLOCK`.
 QXFMT_API void QXFMT_SetDurationFormat(QXFMT_DURATION_FORMAT format);
+/// What `QXFMT_SetDurationFormat` stored last, or the value at start.
 QXFMT_API QXFMT_DURATION_FORMAT QXFMT_GetDurationFormat();
 
 }  // extern "C"
