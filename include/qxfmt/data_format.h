@@ -108,6 +108,14 @@ class QXFMT_API CQXDataFormat {
   /// smallest, where a value of 2^63 or more counts as below all. It is not chosen again after
   /// rounding: 1048575 bytes with 2 places read "1024.00 KB".
   ///
+  /// What is exact: the choice of the unit. The number becomes a double before it is printed. A
+  /// count up to 2^53 does so without loss, and a larger one is rounded to 53 significant bits:
+  /// 2^53 + 1 bytes read "9,007,199,254,740,992 B" with that unit given and 0 places. From 2^63 on
+  /// it is rounded twice (the value less 2^64, and then the sum with 2^64), which can miss the
+  /// nearest double. Scaling adds no error to bytes. For bits it is a division, rounded to the
+  /// nearest double: 1015 bits with 2 places read "1.01 Kb", because the double nearest to 1.015 is
+  /// below it. The double that comes out is printed as `FormatNumberEx` prints it.
+  ///
   /// @param value the count of bytes or bits; every value fits.
   /// @param unit the unit, or `QXFMT_BYTES_AUTO` (0) for the setting or the magnitude.
   /// @param places decimals as in `FormatNumberEx`. With 0 or less, bytes in KB and above are cut
@@ -130,9 +138,20 @@ class QXFMT_API CQXDataFormat {
   /// @name Data rates
   /// As the sizes, with the texts "Bps", "KBps" and so on, or "bps", "Kbps" and so on. Where no
   /// places are given they are those of `QXFMT_SetNumberDecimalPlaces`.
-  /// A rate given as a double takes its unit from its whole part (a negative one, a NaN and one
-  /// outside the signed 64-bit range the smallest) and is rounded, never cut off. A text of more
-  /// than 62 units comes back empty.
+  ///
+  /// Integers: choice of the unit, exactness and cutting off are those of the sizes.
+  ///
+  /// Doubles: the unit by magnitude is that of the whole part; a negative value, a NaN and one
+  /// outside the signed 64-bit range take the smallest. The number is rounded, never cut off. It is
+  /// exact in byte rates; in bit rates a division by a power of 1000 rounds it to the nearest
+  /// double. NaN and the infinities keep the unit and show neither commas nor decimals:
+  /// "nan Bps", "-nan Bps", "inf Mbps", "-inf Mbps".
+  ///
+  /// Limits: a text of more than 62 units, number and unit together, comes back empty: with 2
+  /// places 1e54 still shows in "Bps", and 1e55 does not. If the number alone has more than 119
+  /// units ungrouped, or 127 grouped, the unit shows without it: 1e116 reads " Bps". Integers fit,
+  /// except those that round to 10^19 or more where `QXFMT_BYTES_B`, or a unit outside the list,
+  /// and 32 places or more are given.
   ///
   /// @param value the rate per second.
   /// @param unit the unit, or `QXFMT_BYTES_AUTO` (0) for the setting or the magnitude.
@@ -170,7 +189,8 @@ class QXFMT_API CQXDataFormat {
   /// reads "-2,147,483,596%". One block of 128 bytes.
   ResultText FormatPercentage(std::int32_t value);
   /// With the decimals of `QXFMT_SetNumberDecimalPlaces`: "12.30%". The product with 100 is taken
-  /// in single precision. One block of 256 bytes.
+  /// in single precision. One that is too large for it, and an infinity, read "inf%" or "-inf%"; a
+  /// NaN reads "nan%" or "-nan%". One block of 256 bytes.
   ResultText FormatPercentage(float value);
   /// @}
 
