@@ -16,6 +16,13 @@
 /// bits; a MAC address is a 64-bit value with the first octet in the lowest 8 bits. Both are
 /// defined by arithmetic, the same on every machine.
 ///
+/// Byte order: on a little-endian machine `in_addr.s_addr` is such an IPv4 value as it is, and
+/// `htonl` or `ntohl` of it would reverse the octets. On a big-endian machine the bytes have to be
+/// swapped. Right everywhere: octet i of the address in network order is `value >> (8 * i) & 0xFF`,
+/// and the value is `o[0] | o[1] << 8 | o[2] << 16 | std::uint32_t{o[3]} << 24`. A port is its
+/// number, as `ntohs(sin_port)` and `ntohs(sin6_port)` give it. The 16 bytes of an IPv6 address lie
+/// in `in6_addr` as they are.
+///
 /// All functions have C++ linkage, overloaded or not, so that a call with the wrong types does not
 /// link.
 
@@ -34,7 +41,9 @@
 /// character, a value above 255 in a group, a fourth dot, a fifth digit.
 /// @param text the address.
 /// @param valid if not null, set to 0 on entry and to 1 at the end if exactly three dots were read.
-/// @return the octets read; 0 for a refused text. "0.0.0.0" is 0 as well: only the flag tells.
+/// @return the octets read; 0 for a refused text. "0.0.0.0" is 0 as well: only the flag tells. On a
+///   little-endian machine it goes to `in_addr.s_addr` as it is, without `htonl`; on a big-endian
+///   one with its bytes swapped.
 QXFMT_API std::uint32_t QXFMT_GetIpAddress(WideText text, std::int32_t* valid);
 
 /// Strict: exactly four groups of one to three decimal digits, each at most 255, divided by three
@@ -44,7 +53,8 @@ QXFMT_API std::int32_t QXFMT_IsValidIpAddress(WideText text);
 /// Reads a port: one to five digits, 65535 at most.
 /// @param text the port.
 /// @param valid if not null, set to 0 on entry and to 1 on success.
-/// @return the port; 0 for a refused text. Port 0 is a good port: only the flag tells.
+/// @return the number of the port; `sin_port` and `sin6_port` take `htons` of it. 0 for a refused
+///   text. Port 0 is a good port: only the flag tells.
 QXFMT_API std::uint16_t QXFMT_GetPortVal(WideText text, std::int32_t* valid);
 
 /// Whether `QXFMT_GetPortVal` reads the text.
@@ -58,16 +68,18 @@ QXFMT_API std::int32_t QXFMT_IsValidPort(std::uint16_t port);
 /// @{
 
 /// The mask with that many leading ones, counted from the highest bit of the first octet on: 24
-/// gives 0x00FFFFFF, which is 255.255.255.0.
+/// gives 0x00FFFFFF, which is 255.255.255.0. Byte order as with addresses: on a little-endian
+/// machine it masks `in_addr.s_addr` as it is.
 /// @param bits the prefix length; above 32 the result is 0.
 QXFMT_API std::uint32_t QXFMT_BitsToMask(std::uint8_t bits);
 
 /// The count of leading ones, 0 to 32. What follows the first zero is not looked at: 255.0.255.0
-/// gives 8.
+/// gives 8. Byte order as with addresses: not `ntohl` of a mask in network order.
 QXFMT_API std::uint8_t QXFMT_MaskToBits(std::uint32_t mask);
 
 /// Whether the mask is not 0 and each of its octets, taken by itself, is a run of ones followed by
-/// a run of zeros. The ones need not run through from octet to octet: 255.0.255.0 passes.
+/// a run of zeros. The ones need not run through from octet to octet: 255.0.255.0 passes. The order
+/// of the octets does not matter to this test.
 QXFMT_API std::int32_t QXFMT_IsValidIpMask(std::uint32_t mask);
 
 /// The same test on text that `QXFMT_IsValidIpAddress` passes; 0 for any other text.
@@ -123,8 +135,8 @@ QXFMT_API std::int32_t QXFMT_IsValidMacAddress(const std::uint8_t* octets, std::
 /// with "::", a final colon followed by a blank. Refused are zone suffixes, prefix lengths,
 /// brackets, and texts of 100 units or more, not counting leading blanks, which may be any number.
 /// @param text the address.
-/// @param address 16 bytes in network order, written at the end of success and untouched otherwise;
-///   null to only test.
+/// @param address 16 bytes in network order, the `s6_addr` of an `in6_addr` for one; all written at
+///   the end of success and untouched otherwise. Null to only test.
 /// @return 1 if the text was read, else 0.
 QXFMT_API std::int32_t QXFMT_GetIPv6Address(WideText text, std::uint8_t* address);
 

@@ -209,9 +209,14 @@ class QXFMT_API CQXDataFormat {
   /// @name IPv4 addresses
   /// @param address the first octet of the text in the lowest 8 bits, on every machine: 0x0100007F
   ///   is "127.0.0.1".
+  ///
+  /// Byte order: on a little-endian machine `in_addr.s_addr` is such an address as it is, and
+  /// `ntohl` of it would show the octets in reverse. On a big-endian machine the bytes of `s_addr`
+  /// have to be swapped. Right everywhere, from the octets `o` in network order:
+  /// `o[0] | o[1] << 8 | o[2] << 16 | std::uint32_t{o[3]} << 24`.
   /// @{
 
-  /// "127.0.0.1". One block of 40 bytes.
+  /// "127.0.0.1", on a little-endian machine from `in_addr.s_addr` as it is. One block of 40 bytes.
   ResultText FormatIpAddress(std::uint32_t address);
   /// "127.0.0.1" in the caller's area. Takes no block and returns the area. At most the first 16
   /// units are touched.
@@ -220,7 +225,7 @@ class QXFMT_API CQXDataFormat {
   /// @param length units of the area. Below 16, which the longest address with its terminator
   ///   takes, the area is left untouched and the result is "[BUF_LEN_ERR]".
   ResultText FormatIpAddress(std::uint32_t address, char16_t* buffer, std::int32_t length);
-  /// "127.0.0.1:8080". One block of 128 bytes.
+  /// "127.0.0.1:8080", the port as `ntohs(sin_port)` gives it. One block of 128 bytes.
   ResultText FormatIpPort(std::uint32_t address, std::uint16_t port);
   /// @}
 
@@ -239,7 +244,8 @@ class QXFMT_API CQXDataFormat {
   /// @}
 
   /// @name IPv6 addresses
-  /// @param address 16 bytes in network order, only read. Null gives "[INPUT_ERR_NULL]".
+  /// @param address 16 bytes in network order, which is how `in6_addr` holds them (`s6_addr`): no
+  ///   byte is swapped on any machine. Only read. Null gives "[INPUT_ERR_NULL]".
   /// @param type the form of the text; no setting takes part.
   ///
   /// Each text is valid under RFC 4291 section 2.2. The run that becomes "::" is the first of the
@@ -249,8 +255,9 @@ class QXFMT_API CQXDataFormat {
 
   /// "2001:db8::1", at most 45 units. One block of 100 bytes; none for a null address.
   ResultText FormatIPv6Address(const std::uint8_t* address, QXFMT_IPV6_TYPE type);
-  /// "[2001:db8::1]:443". A failure text of the address stands in the brackets:
-  /// "[[INPUT_ERR_NULL]]:80". Two blocks, of 128 and of 100 bytes; only the first holds the result.
+  /// "[2001:db8::1]:443", the port as `ntohs(sin6_port)` gives it. A failure text of the address
+  /// stands in the brackets: "[[INPUT_ERR_NULL]]:80". Two blocks, of 128 and of 100 bytes; only the
+  /// first holds the result.
   ResultText FormatIpv6Port(const std::uint8_t* address, std::uint16_t port, QXFMT_IPV6_TYPE type);
   /// @}
 
