@@ -25,7 +25,8 @@ class GrowableText;
 /// one prints that text as it is, a failure text included: "[MEM_ERR] KB".
 ///
 /// Cost: a new object owns no memory until its first result, so that one on the stack for a single
-/// call is cheap. An object that is reset now and then soon allocates nothing more.
+/// call is cheap. An object that is reset now and then soon allocates nothing more. The one
+/// exception is worded durations: each call allocates a string, and frees it before it returns.
 ///
 /// Threads: calls on one object must not overlap. Different objects share the settings, which any
 /// thread may change at any time, and the C library's locale and time zone, which may not change
