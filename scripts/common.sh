@@ -17,14 +17,13 @@ need_packages() {
   [ ${#missing[@]} -eq 0 ] && return
   command -v apt-get >/dev/null || fail "needs these Debian packages or their like: ${missing[*]}"
 
-  local as_root=()
+  local install=(apt-get install -y --no-install-recommends "${missing[@]}") as_root=()
   if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null ||
-      fail "as root, install: apt-get install --no-install-recommends ${missing[*]}"
+    command -v sudo >/dev/null || fail "packages are missing; run this as root:
+apt-get update && ${install[*]}"
     as_root=(sudo)
   fi
-  echo "installing: ${missing[*]}"
-  local install=(apt-get install -qq -y --no-install-recommends "${missing[@]}")
+  echo "installing: ${missing[*]}" >&2
   "${as_root[@]}" apt-get update -qq || fail "apt-get update failed"
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive "${install[@]}" >/dev/null ||
     fail "could not install: ${missing[*]}"
