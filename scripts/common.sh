@@ -37,6 +37,18 @@ build_preset() {
   cmake --build "build/$preset" ${1:+--target "$@"} || fail "the build of $preset failed"
 }
 
+# Builds a target of its own configuration. Prints one line to stderr if there is something to
+# build, and the output only if that fails. usage: build_quietly DIRECTORY TARGET [CMAKE_OPTION...]
+build_quietly() {
+  local directory=$1 target=$2 output
+  shift 2
+  output=$(cmake -S . -B "$directory" -G Ninja "$@" 2>&1) || fail "cannot configure: $output"
+  local build=(cmake --build "$directory" --target "$target")
+  "${build[@]}" -- -n | grep -q 'no work to do' ||
+    echo "$0: building $target, which takes a while the first time" >&2
+  output=$("${build[@]}" 2>&1) || fail "cannot build $target: $output"
+}
+
 # Runs each fuzz target of the sanitize preset for so many seconds. usage: run_fuzzers SECONDS
 run_fuzzers() {
   local target log
