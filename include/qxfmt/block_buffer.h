@@ -34,7 +34,13 @@ class CQXBlockBuffer {
 
   /// A block of at least `size` bytes, aligned for 16-bit units, its content undefined; or null
   /// when memory cannot be had. Never throws.
-  void* GetBuffer(std::uint32_t size);
+  void* GetBuffer(std::uint32_t size) {
+    const std::size_t rounded = Rounded(size);
+    if (static_cast<std::size_t>(end_ - next_) < rounded) return GetBufferFromNextChunk(size);
+    char* const block = next_;
+    next_ += rounded;
+    return block;
+  }
 
   /// Voids all blocks and keeps the memory for the next ones.
   void Reset();
@@ -45,7 +51,12 @@ class CQXBlockBuffer {
  private:
   struct Chunk;
 
-  void* GetBufferFromNextChunk(std::size_t size);
+  // Only as much alignment as 16-bit units need: a million blocks of 50 bytes waste nothing.
+  static constexpr std::size_t Rounded(std::uint32_t size) {
+    return std::size_t{size} + (size & 1);
+  }
+
+  void* GetBufferFromNextChunk(std::uint32_t size);
   void Enter(Chunk* chunk);
   Chunk* Allocate(std::size_t block);
 

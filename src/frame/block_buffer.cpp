@@ -3,13 +3,14 @@
 
 #include <qxfmt/block_buffer.h>
 
-// The header of a chunk; its blocks follow directly behind.
+// The header of a chunk; its blocks follow it.
 struct CQXBlockBuffer::Chunk {
   Chunk* next;
   std::size_t size;  // bytes, this header included
 
   char* begin() { return reinterpret_cast<char*>(this + 1); }
   char* end() { return reinterpret_cast<char*>(this) + size; }
+  std::size_t room() { return static_cast<std::size_t>(end() - begin()); }
 };
 
 CQXBlockBuffer::CQXBlockBuffer(std::uint32_t largest_chunk) : largest_chunk_(largest_chunk) {}
@@ -21,29 +22,14 @@ void CQXBlockBuffer::SetBlockSize(std::uint32_t first_chunk, std::uint32_t growt
   growth_ = growth;
 }
 
-void* CQXBlockBuffer::GetBuffer(std::uint32_t size) {
-  // Only as much alignment as 16-bit units need: a million blocks of 50 bytes waste nothing.
-  const std::size_t rounded = std::size_t{size} + (size & 1);
-  if (static_cast<std::size_t>(end_ - next_) < rounded) [[unlikely]] {
-    return GetBufferFromNextChunk(rounded);
-  }
-  char* const block = next_;
-  next_ += rounded;
-  return block;
-}
-
-void* CQXBlockBuffer::GetBufferFromNextChunk(std::size_t size) {
+void* CQXBlockBuffer::GetBufferFromNextChunk(std::uint32_t size) {
   // Chunks kept by a reset come first; one that is too small for this block is passed over.
   Chunk* kept = current_ == nullptr ? first_ : current_->next;
-  while (kept != nullptr && static_cast<std::size_t>(kept->end() - kept->begin()) < size) {
-    kept = kept->next;
-  }
-  Chunk* const chunk = kept != nullptr ? kept : Allocate(size);
+  while (kept != nullptr && kept->room() < Rounded(size)) kept = kept->next;
+  Chunk* const chunk = kept != nullptr ? kept : Allocate(Rounded(size));
   if (chunk == nullptr) return nullptr;
   Enter(chunk);
-  char* const block = next_;
-  next_ += size;
-  return block;
+  return GetBuffer(size);
 }
 
 void CQXBlockBuffer::Enter(Chunk* chunk) {
@@ -53,7 +39,7 @@ void CQXBlockBuffer::Enter(Chunk* chunk) {
 }
 
 CQXBlockBuffer::Chunk* CQXBlockBuffer::Allocate(std::size_t block) {
-  // Only called with the list used up, so that the new chunk goes behind the last one.
+  // Only called with the list used up, so that the new chunk follows the last one.
   Chunk* last = current_ == nullptr ? first_ : current_;
   while (last != nullptr && last->next != nullptr) last = last->next;
 

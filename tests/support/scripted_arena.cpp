@@ -37,7 +37,8 @@ void CQXBlockBuffer::SetBlockSize(std::uint32_t /*first_chunk*/, std::uint32_t /
 void CQXBlockBuffer::Reset() { first_->blocks.clear(); }
 void CQXBlockBuffer::ReleaseAll() { Reset(); }
 
-void* CQXBlockBuffer::GetBuffer(std::uint32_t size) {
+// The inline part never finds room, so that each request comes here.
+void* CQXBlockBuffer::GetBufferFromNextChunk(std::uint32_t size) {
   if (script != nullptr && !script->Grants(size)) return nullptr;
   char* const block = first_->blocks.emplace_back(new char[size]).get();
   std::memset(block, 0xCD, size);
