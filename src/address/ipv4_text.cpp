@@ -2,18 +2,25 @@
 
 #include <qxfmt/data_format.h>
 
-#include "frame/result_block.h"
+#include "frame/result.h"
+#include "text/decimal.h"
+
+using qxfmt::Dotted;
+using qxfmt::Ending;
+using qxfmt::PrintResult;
 
 ResultText CQXDataFormat::FormatIpAddress(std::uint32_t address) {
-  const qxfmt::ResultBlock<40> block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  qxfmt::WriteDotted(block.units(), address);
-  return block.units();
+  return PrintResult<40, Ending::kPrinted>(blocks_, Dotted(address));
 }
 
 ResultText CQXDataFormat::FormatIpAddress(std::uint32_t address, char16_t* buffer,
                                           std::int32_t length) {
-  if (length < qxfmt::kDottedRoom) return u"[BUF_LEN_ERR]";
-  qxfmt::WriteDotted(buffer, address);
+  constexpr std::int32_t kRoom = Dotted::kMaxSize + 1;  // with the terminator
+  if (length < kRoom) return u"[BUF_LEN_ERR]";
+  qxfmt::BoundedPrint(buffer, kRoom, Dotted(address));
   return buffer;
+}
+
+ResultText CQXDataFormat::FormatIpPort(std::uint32_t address, std::uint16_t port) {
+  return PrintResult<128>(blocks_, Dotted(address), u':', qxfmt::Decimal(port));
 }

@@ -5,9 +5,9 @@
 
 #include <qxfmt/address.h>
 
-#include "address/hex.h"
 #include "address/ipv4_parse.h"
 #include "address/octets.h"
+#include "text/hex_digits.h"
 
 namespace qxfmt {
 

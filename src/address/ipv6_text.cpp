@@ -3,11 +3,11 @@
 
 #include <qxfmt/data_format.h>
 
-#include "address/hex.h"
 #include "address/ipv4_text.h"
 #include "address/octets.h"
-#include "frame/bounded_print.h"
-#include "frame/result_block.h"
+#include "frame/result.h"
+#include "text/decimal.h"
+#include "text/hex_digits.h"
 
 namespace qxfmt {
 
@@ -16,7 +16,7 @@ namespace {
 constexpr std::int32_t kAddressBytes = 16;
 constexpr std::int32_t kHeadBytes = 12;  // what stands before a dotted tail
 
-// A stretch of bytes, `end` just behind the last one.
+// A stretch of bytes; `end` is one past the last.
 struct Run {
   std::int32_t begin;
   std::int32_t end;
@@ -54,20 +54,16 @@ Run FindRun(const std::uint8_t* bytes, std::int32_t count) {
   return trimmed.end >= trimmed.begin + 2 ? trimmed : Run{0, 0};
 }
 
-// Prints a group without leading zeros and returns the end. Touches four units. All four digits
-// are put into one number and the leading ones shifted out: no branch on the length of a group.
+// Prints a group without leading zeros. Touches four units. All four digits are put into one word
+// and the leading ones shifted out: no branch on the length of a group.
 char16_t* WriteGroup(char16_t* out, std::uint32_t high, std::uint32_t low) {
   const std::int32_t size = CountHexDigits(high << 8 | low);
-  const std::uint64_t digits =
-      (kHexPairsLower[high] | std::uint64_t{kHexPairsLower[low]} << 32) >> (16 * (4 - size));
-  out[0] = static_cast<char16_t>(digits);
-  out[1] = static_cast<char16_t>(digits >> 16);
-  out[2] = static_cast<char16_t>(digits >> 32);
-  out[3] = static_cast<char16_t>(digits >> 48);
+  const Lanes digits = kHexPairsLower[high] | Lanes{kHexPairsLower[low]} << 32;
+  StoreLanes(out, digits >> (16 * (4 - size)));
   return out + size;
 }
 
-// Prints groups, each with a colon behind it.
+// Prints groups, each with a colon after it.
 char16_t* WriteGroups(char16_t* out, const std::uint8_t* bytes, Run groups) {
   for (std::int32_t i = groups.begin; i < groups.end; i += 2) {
     out = WriteGroup(out, bytes[i], bytes[i + 1]);
@@ -77,73 +73,78 @@ char16_t* WriteGroups(char16_t* out, const std::uint8_t* bytes, Run groups) {
 }
 
 // Prints the first `count` bytes of an address, 12 or 16, as groups with one run of zeros
-// shortened. Returns the count of units; writes no terminator.
-std::int32_t FormatIPv6Groups(char16_t* area, const std::uint8_t* bytes, std::int32_t count) {
+// shortened. Returns the end.
+char16_t* WriteShortened(char16_t* out, const std::uint8_t* bytes, std::int32_t count) {
   const Run run = FindRun(bytes, count);
-  char16_t* out = area;
   if (run.end != 0) {
     out = WriteGroups(out, bytes, {0, run.begin});
     if (run.begin == 0) *out++ = u':';
     *out++ = u':';
-    if (run.end == count) return static_cast<std::int32_t>(out - area);
+    if (run.end == count) return out;
   }
-  out = WriteGroups(out, bytes, {run.end, count});
-  return static_cast<std::int32_t>(out - area) - 1;  // not the last colon
+  return WriteGroups(out, bytes, {run.end, count}) - 1;  // not the last colon
 }
 
-std::int32_t FormatFull(char16_t* area, const std::uint8_t* bytes) {
-  char16_t* out = area;
+char16_t* WriteFull(char16_t* out, const std::uint8_t* bytes) {
   for (std::int32_t i = 0; i < kAddressBytes; i += 2) {
-    WriteHexPair(out, kHexPairsLower[bytes[i]]);
-    WriteHexPair(out + 2, kHexPairsLower[bytes[i + 1]]);
+    StoreLanes(out, kHexPairsLower[bytes[i]] | Lanes{kHexPairsLower[bytes[i + 1]]} << 32);
     out[4] = u':';
     out += 5;
   }
-  return static_cast<std::int32_t>(out - area) - 1;
+  return out - 1;
 }
 
-std::int32_t FormatEmbedded(char16_t* area, const std::uint8_t* bytes) {
-  char16_t* out = area + FormatIPv6Groups(area, bytes, kHeadBytes);
+char16_t* WriteEmbedded(char16_t* out, const std::uint8_t* bytes) {
+  out = WriteShortened(out, bytes, kHeadBytes);
   if (out[-1] != u':') *out++ = u':';
-  out = WriteDotted(out, static_cast<std::uint32_t>(ReadOctets<4>(bytes + kHeadBytes)));
-  return static_cast<std::int32_t>(out - area);
+  return Dotted(static_cast<std::uint32_t>(ReadOctets<4>(bytes + kHeadBytes))).Write(out);
 }
 
-std::int32_t FormatAddress(char16_t* area, const std::uint8_t* bytes, QXFMT_IPV6_TYPE type) {
-  switch (type) {
-    case QXFMT_IPV6_FULL:
-      return FormatFull(area, bytes);
-    case QXFMT_IPV6_EMBEDDED_V4:
-      return FormatEmbedded(area, bytes);
-    default:
-      return FormatIPv6Groups(area, bytes, kAddressBytes);
+class Ipv6Address {
+ public:
+  static constexpr std::int32_t kMaxSize = 45;
+  static constexpr std::int32_t kSlack = 3;
+
+  Ipv6Address(const std::uint8_t* bytes, QXFMT_IPV6_TYPE type) : bytes_(bytes), type_(type) {}
+
+  char16_t* Write(char16_t* out) const {
+    switch (type_) {
+      case QXFMT_IPV6_FULL:
+        return WriteFull(out, bytes_);
+      case QXFMT_IPV6_EMBEDDED_V4:
+        return WriteEmbedded(out, bytes_);
+      default:
+        return WriteShortened(out, bytes_, kAddressBytes);
+    }
   }
-}
 
-// What FormatIPv6Address returns, with its length.
-std::u16string_view AddressText(CQXBlockBuffer& arena, const std::uint8_t* address,
-                                QXFMT_IPV6_TYPE type) {
-  if (address == nullptr) return u"[INPUT_ERR_NULL]";
-  const ResultBlock<100> block(arena);
-  if (block.missing()) return kMemoryError;
-  const std::int32_t size = FormatAddress(block.units(), address, type);
-  block.units()[size] = u'\0';
-  return {block.units(), static_cast<std::size_t>(size)};
-}
+ private:
+  const std::uint8_t* bytes_;
+  QXFMT_IPV6_TYPE type_;
+};
+
+constexpr ResultText kNullAddress = u"[INPUT_ERR_NULL]";
+constexpr std::uint32_t kAddressBlock = 100;
 
 }  // namespace
 
 }  // namespace qxfmt
 
 ResultText CQXDataFormat::FormatIPv6Address(const std::uint8_t* address, QXFMT_IPV6_TYPE type) {
-  return qxfmt::AddressText(blocks_, address, type).data();
+  if (address == nullptr) return qxfmt::kNullAddress;
+  return qxfmt::PrintResult<qxfmt::kAddressBlock, qxfmt::Ending::kPrinted>(
+      blocks_, qxfmt::Ipv6Address(address, type));
 }
 
 ResultText CQXDataFormat::FormatIpv6Port(const std::uint8_t* address, std::uint16_t port,
                                          QXFMT_IPV6_TYPE type) {
-  const qxfmt::ResultBlock<128> block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  const std::u16string_view text = qxfmt::AddressText(blocks_, address, type);
-  qxfmt::BoundedPrint<u"[%s]:%u">(block.units(), block.kPrintLimit, text, port);
-  return block.Finish();
+  return qxfmt::FillResult<128>(blocks_, [&](auto block) {
+    const qxfmt::Decimal number(port);
+    const auto print = [&](const auto& text) { return block.Print(u'[', text, u"]:", number); };
+    if (address == nullptr) return print(std::u16string_view(qxfmt::kNullAddress));
+    if (!qxfmt::TakeInnerBlock<qxfmt::kAddressBlock>(blocks_)) {
+      return print(std::u16string_view(qxfmt::kMemoryError));
+    }
+    return print(qxfmt::Ipv6Address(address, type));
+  });
 }

@@ -26,8 +26,8 @@ std::uint8_t QXFMT_MaskToBits(std::uint32_t mask) {
 
 std::int32_t QXFMT_IsValidIpMask(std::uint32_t mask) {
   // Ones whose next higher bit is a zero of the same octet.
-  const std::uint32_t behind_zero = mask & ~(mask >> 1) & 0x7F7F7F7F;
-  return mask != 0 && behind_zero == 0 ? 1 : 0;
+  const std::uint32_t after_zero = mask & ~(mask >> 1) & 0x7F7F7F7F;
+  return mask != 0 && after_zero == 0 ? 1 : 0;
 }
 
 std::int32_t QXFMT_IsValidIpMask(WideText text) {

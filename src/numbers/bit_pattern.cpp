@@ -1,54 +1,61 @@
 #include <array>
 #include <cstdint>
-#include <cstring>
 
 #include <qxfmt/data_format.h>
 
-#include "frame/result_block.h"
+#include "frame/result.h"
+#include "text/field.h"
+#include "text/lanes.h"
 
 namespace {
 
-struct Nibble {
-  char16_t bits[4];
-};
-
-constexpr std::array<Nibble, 16> MakeNibbles() {
-  std::array<Nibble, 16> nibbles{};
-  for (unsigned value = 0; value < 16; ++value) {
-    for (unsigned bit = 0; bit < 4; ++bit) {
-      nibbles[value].bits[bit] = ((value >> (3 - bit)) & 1) != 0 ? u'1' : u'0';
-    }
+constexpr std::array<qxfmt::Lanes, 16> MakeNibbles() {
+  std::array<qxfmt::Lanes, 16> nibbles{};
+  for (std::uint32_t value = 0; value < 16; ++value) {
+    nibbles[value] = qxfmt::MakeLanes(u'0' + (value >> 3), u'0' + (value >> 2 & 1),
+                                      u'0' + (value >> 1 & 1), u'0' + (value & 1));
   }
   return nibbles;
 }
 
 // "0000" to "1111".
-constexpr std::array<Nibble, 16> kNibbles = MakeNibbles();
+constexpr std::array<qxfmt::Lanes, 16> kNibbles = MakeNibbles();
 
-template <std::uint32_t kBytes, typename Value>
-ResultText FormatBits(CQXBlockBuffer& arena, Value value) {
-  const qxfmt::ResultBlock<kBytes> block(arena);
-  if (block.missing()) return qxfmt::kMemoryError;
-  char16_t* out = block.units();
-  for (int shift = 8 * sizeof(Value) - 4; shift >= 0; shift -= 4) {
-    std::memcpy(out, &kNibbles[(value >> shift) & 0xF], sizeof(Nibble));
-    out[4] = u' ';
-    out += 5;
+// All bits of a value in groups of four.
+template <typename Value>
+class BitPattern {
+ public:
+  static constexpr std::int32_t kMaxSize = 2 * sizeof(Value) * 5 - 1;
+  static constexpr std::int32_t kSlack = 1;  // the blank after the last group
+
+  explicit BitPattern(Value value) : value_(value) {}
+
+  char16_t* Write(char16_t* out) const {
+    for (int shift = 8 * sizeof(Value) - 4; shift >= 0; shift -= 4) {
+      qxfmt::StoreLanes(out, kNibbles[(value_ >> shift) & 0xF]);
+      out[4] = u' ';
+      out += 5;
+    }
+    return out - 1;
   }
-  out[-1] = u'\0';  // in place of the blank behind the last group
-  return block.units();
-}
+
+ private:
+  Value value_;
+};
+
+using qxfmt::Ending;
+using qxfmt::PrintResult;
 
 }  // namespace
 
 ResultText CQXDataFormat::FormatBinary(std::uint8_t value) {
-  return FormatBits<64>(blocks_, value);
+  return PrintResult<64, Ending::kPrinted>(blocks_, BitPattern(value));
 }
 
 ResultText CQXDataFormat::FormatBinary(std::uint16_t value) {
-  return FormatBits<64>(blocks_, value);
+  return PrintResult<64, Ending::kPrinted>(blocks_, BitPattern(value));
 }
 
 ResultText CQXDataFormat::FormatBinary(std::uint32_t value) {
-  return FormatBits<128>(blocks_, value);
+  return PrintResult<128, Ending::kPrinted>(blocks_, BitPattern(value));
 }

@@ -5,15 +5,14 @@
 namespace {
 
 using qxfmt::FormatQuantity;
-using qxfmt::Scale;
 using qxfmt::settings;
 
-constexpr qxfmt::Quantity kByteRates{Scale::kBinary,
+constexpr qxfmt::Quantity kByteRates{qxfmt::kByteScale,
                                      settings.byte_per_second_format,
-                                     {u" Bps", u" KBps", u" MBps", u" GBps", u" TBps"}};
-constexpr qxfmt::Quantity kBitRates{Scale::kDecimal,
+                                     {{u" Bps"}, {u" KBps"}, {u" MBps"}, {u" GBps"}, {u" TBps"}}};
+constexpr qxfmt::Quantity kBitRates{qxfmt::kBitScale,
                                     settings.bit_per_second_format,
-                                    {u" bps", u" Kbps", u" Mbps", u" Gbps", u" Tbps"}};
+                                    {{u" bps"}, {u" Kbps"}, {u" Mbps"}, {u" Gbps"}, {u" Tbps"}}};
 
 std::int32_t PlacesSetting() { return settings.number_decimal_places.Get(); }
 

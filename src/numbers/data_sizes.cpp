@@ -5,12 +5,13 @@
 namespace {
 
 using qxfmt::FormatQuantity;
-using qxfmt::Scale;
 
-constexpr qxfmt::Quantity kBytes{
-    Scale::kBinary, qxfmt::settings.byte_format, {u" B", u" KB", u" MB", u" GB", u" TB"}};
-constexpr qxfmt::Quantity kBits{
-    Scale::kDecimal, qxfmt::settings.bit_format, {u" b", u" Kb", u" Mb", u" Gb", u" Tb"}};
+constexpr qxfmt::Quantity kBytes{qxfmt::kByteScale,
+                                 qxfmt::settings.byte_format,
+                                 {{u" B"}, {u" KB"}, {u" MB"}, {u" GB"}, {u" TB"}}};
+constexpr qxfmt::Quantity kBits{qxfmt::kBitScale,
+                                qxfmt::settings.bit_format,
+                                {{u" b"}, {u" Kb"}, {u" Mb"}, {u" Gb"}, {u" Tb"}}};
 
 }  // namespace
 

@@ -1,22 +1,23 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
-#include <string_view>
 
-#include "frame/fixed_decimal.h"
-#include "frame/result_block.h"
+#include "text/digits.h"
+#include "text/fixed_decimal.h"
 
 namespace qxfmt {
 
-using NumberBlock = ResultBlock<256>;
+// The block of a decimal, by itself or inside of a size or a rate.
+inline constexpr std::uint32_t kDecimalBlock = 256;
 
-// Decimals that are shown: a negative count acts as 0.
-inline std::int32_t ClampPlaces(std::int32_t places) { return std::clamp(places, 0, kMaxPlaces); }
+// Room for a decimal and its terminator. Without commas it stops short of the block; with them it
+// fills the block.
+constexpr std::int32_t DecimalLimit(Grouping grouping) {
+  return grouping == Grouping::kCommas ? 128 : 120;
+}
 
-// The renderer of decimals: prints the number into the block, grouped or not. Returns the text with
-// its size, or the memory error where the block is missing. places: any.
-std::u16string_view RenderDecimal(const NumberBlock& block, double value, std::int32_t places,
-                                  std::int32_t grouped);
+inline bool FitsDecimalBlock(const FixedDecimal& decimal, Grouping grouping) {
+  return decimal.size() < static_cast<std::size_t>(DecimalLimit(grouping));
+}
 
 }  // namespace qxfmt

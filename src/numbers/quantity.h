@@ -1,7 +1,8 @@
 #pragma once
 
-// Sizes and rates: one engine for a number with a unit behind it.
+// Sizes and rates: one engine for a number with its unit.
 
+#include <cstddef>
 #include <cstdint>
 
 #include <qxfmt/block_buffer.h>
@@ -12,19 +13,44 @@
 
 namespace qxfmt {
 
-enum class Scale : std::uint8_t {
-  kBinary,   // bytes, by powers of 1024
-  kDecimal,  // bits, by powers of 1000
+inline constexpr int kScaleUnits = 5;  // QXFMT_BYTES_B to QXFMT_BYTES_TB
+
+// How values scale to the five units.
+struct Scale {
+  // A value below below[i] takes unit i; one that is below none takes the last.
+  std::int64_t below[kScaleUnits - 1];
+  bool is_binary;
+  // The number in unit i is the value times step[i], for a binary scale, or over it.
+  double step[kScaleUnits];
+  // A binary scale shifts an integer without decimals to unit i: what is less than the unit is cut
+  // off and not rounded.
+  int shift[kScaleUnits];
 };
 
-inline constexpr std::int32_t kMaxUnitSize = 5;
+inline constexpr Scale kByteScale = {{1LL << 10, 1LL << 20, 1LL << 30, 1LL << 40},
+                                     true,
+                                     {1, 0x1p-10, 0x1p-20, 0x1p-30, 0x1p-40},
+                                     {0, 10, 20, 30, 40}};
 
-// What a family of operations has of its own.
+inline constexpr Scale kBitScale = {
+    {1'000, 1'000'000, 1'000'000'000, 1'000'000'000'000}, false, {1, 1e3, 1e6, 1e9, 1e12}, {}};
+
+// The text of a unit with the blank before it: " MBps".
+struct UnitText {
+  template <std::size_t kUnits>
+  constexpr UnitText(const char16_t (&text)[kUnits]) : size(kUnits - 1) {
+    for (std::size_t i = 0; i < kUnits; ++i) units[i] = text[i];
+  }
+
+  char16_t units[6]{};
+  std::uint16_t size;
+};
+
+// What a family of operations has in common.
 struct Quantity {
-  Scale scale;
+  const Scale& scale;
   const Setting<QXFMT_BYTES_FORMAT>& unit_setting;
-  // QXFMT_BYTES_B to QXFMT_BYTES_TB, each with the blank before it.
-  char16_t unit_texts[5][kMaxUnitSize + 1];
+  UnitText unit_texts[kScaleUnits];
 };
 
 // unit: the caller's argument, QXFMT_BYTES_AUTO where there is none.

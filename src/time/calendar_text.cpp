@@ -1,77 +1,51 @@
 #include "time/calendar_text.h"
 
-#include <string_view>
-
-#include <qxfmt/data_format.h>
-
 namespace qxfmt {
 
 namespace {
 
-constexpr std::int32_t kDateLimit = ResultBlock<128>::kPrintLimit;
+// A month's text and the blank after it, in one copy of a fixed size.
+struct MonthAbbreviation {
+  char16_t units[6];
+  std::uint16_t size;
+};
 
-constexpr std::u16string_view MonthAbbreviations[] = {u"Jan.", u"Feb.", u"Mar.", u"Apr.",
-                                                      u"May",  u"Jun.", u"Jul.", u"Aug.",
-                                                      u"Sep.", u"Oct.", u"Nov.", u"Dec."};
+constexpr MonthAbbreviation MonthAbbreviations[] = {
+    {u"Jan. ", 5}, {u"Feb. ", 5}, {u"Mar. ", 5}, {u"Apr. ", 5}, {u"May ", 4},  {u"Jun. ", 5},
+    {u"Jul. ", 5}, {u"Aug. ", 5}, {u"Sep. ", 5}, {u"Oct. ", 5}, {u"Nov. ", 5}, {u"Dec. ", 5}};
 
-// "%02d/%02d/%d"
+// "Nov. 15, 2023"
+char16_t* WriteMonthName(char16_t* out, const CalendarFields& fields) {
+  const MonthAbbreviation& month = MonthAbbreviations[fields.month - 1];
+  std::memcpy(out, month.units, sizeof(month.units));
+  out = WriteSmall(out + month.size, fields.day);
+  out[0] = u',';
+  out[1] = u' ';
+  return WriteYear(out + 2, fields.year);
+}
+
+// "11/15/2023": the year last.
 char16_t* WriteYearLast(char16_t* out, std::uint32_t first, std::uint32_t second,
                         std::uint32_t year) {
-  WriteDigitPair(out, first);
-  out = WriteSeparatedPair<u'/'>(out + 2, second);
+  out = WritePair(out, first);
+  out = WriteSeparatedPair(out, u'/', second);
   *out = u'/';
-  out = WriteYear(out + 1, year);
-  *out = u'\0';
-  return out;
+  return WriteYear(out + 1, year);
 }
 
 }  // namespace
 
-char16_t* WriteOtherDate(char16_t* out, std::uint32_t year, std::uint32_t month, std::uint32_t day,
-                         QXFMT_DATE_FORMAT layout) {
+char16_t* WriteOtherDate(char16_t* out, const CalendarFields& fields, QXFMT_DATE_FORMAT layout) {
   switch (layout) {
     case QXFMT_DATE_YDM:
-      return WriteYearFirst(out, year, day, month);
+      return WriteYearFirst(out, fields.year, fields.day, fields.month);
     case QXFMT_DATE_MDY:
-      return WriteYearLast(out, month, day, year);
+      return WriteYearLast(out, fields.month, fields.day, fields.year);
     case QXFMT_DATE_MONTH_NAME:
-      return out +
-             BoundedPrint<u"%s %u, %u">(out, kDateLimit, MonthAbbreviations[month - 1], day, year);
+      return WriteMonthName(out, fields);
     default:
-      return WriteYearLast(out, day, month, year);
+      return WriteYearLast(out, fields.day, fields.month, fields.year);
   }
 }
 
 }  // namespace qxfmt
-
-ResultText CQXDataFormat::FormatDate(std::int64_t seconds, QXFMT_DATE_FORMAT layout) {
-  if (seconds == 0) return qxfmt::kEmptyText;
-  qxfmt::CalendarFields fields;
-  if (const ResultText refusal = qxfmt::AdmitSeconds(seconds, fields)) return refusal;
-  const qxfmt::ResultBlock<128> block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  qxfmt::WriteDate(block.units(), fields.year, fields.month, fields.day,
-                   qxfmt::ResolveLayout(layout));
-  return block.Finish();
-}
-
-ResultText CQXDataFormat::FormatTime(std::int64_t seconds) {
-  if (seconds == 0) return qxfmt::kEmptyText;
-  qxfmt::CalendarFields fields;
-  if (const ResultText refusal = qxfmt::AdmitSeconds(seconds, fields)) return refusal;
-  const qxfmt::ResultBlock<64> block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  qxfmt::WriteTime(block.units(), fields);
-  return block.Finish();
-}
-
-ResultText CQXDataFormat::FormatDateTime(std::int64_t seconds, QXFMT_DATE_FORMAT layout) {
-  if (seconds == 0) return qxfmt::kEmptyText;
-  qxfmt::CalendarFields fields;
-  if (const ResultText refusal = qxfmt::AdmitSeconds(seconds, fields)) return refusal;
-  const qxfmt::ResultBlock<128> block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  char16_t* const date_end = qxfmt::WriteDatePart(blocks_, block.units(), seconds, fields, layout);
-  qxfmt::WriteTimeBehindDate(date_end, fields);
-  return block.Finish();
-}

@@ -1,97 +1,76 @@
 #pragma once
 
-// What every text of a date has in common: the layouts, the months, and the way from a timestamp to
-// its parts. Inline where a timestamp's way leads through.
+// Dates and times of day as fields.
 
 #include <cstdint>
 
-#include <qxfmt/block_buffer.h>
 #include <qxfmt/formats.h>
-#include <qxfmt/text.h>
 
-#include "frame/bounded_print.h"
-#include "frame/digits.h"
-#include "frame/result_block.h"
 #include "frame/settings.h"
+#include "text/digits.h"
 #include "time/calendar_fields.h"
-#include "time/local_time.h"
-#include "time/separated_pairs.h"
 
 namespace qxfmt {
-
-inline constexpr ResultText kTimeOutOfRange = u"TIME_OUT_RANGE";
-
-// The fields of an admitted timestamp in whole seconds. Otherwise the text to return in place of a
-// result: one for a time out of range, the empty text if the zone conversion fails. Null means
-// admitted. The test of the raw input against 0 is the caller's, and comes first.
-inline ResultText AdmitSeconds(std::int64_t seconds, CalendarFields& fields) {
-  // Unsigned, so that whatever is negative lies above the limit.
-  if (static_cast<std::uint64_t>(seconds) > std::uint64_t{QXFMT_TIME_LIMIT}) return kTimeOutOfRange;
-  return ToLocalTime(seconds, fields) ? nullptr : kEmptyText;
-}
 
 // The setting in place of QXFMT_DATE_DEFAULT; for any other layout it is not read.
 inline QXFMT_DATE_FORMAT ResolveLayout(QXFMT_DATE_FORMAT layout) {
   return layout == QXFMT_DATE_DEFAULT ? settings.date_time_format.Get() : layout;
 }
 
-// "%d", year: 100 to 9999.
+// A year from 100 to 9999.
 inline char16_t* WriteYear(char16_t* out, std::uint32_t year) {
-  if (year < 1000) [[unlikely]] {  // no timestamp's, but an OLE date may have it
-    WriteDigits(out, year, 3);
-    return out + 3;
-  }
-  WriteDigitPair(out, year / 100);
-  WriteDigitPair(out + 2, year % 100);
-  return out + 4;
+  if (year < 1000) [[unlikely]]  // no timestamp's, but an OLE date may have it
+    return WriteSmall(out, year);
+  WritePair(out, year / 100);
+  return WritePair(out + 2, year % 100);
 }
 
-// "%d/%02d/%02d"
+// "2023/11/15": the year first.
 inline char16_t* WriteYearFirst(char16_t* out, std::uint32_t year, std::uint32_t second,
                                 std::uint32_t third) {
   out = WriteYear(out, year);
-  out = WriteSeparatedPair<u'/'>(out, second);
-  return WriteSeparatedPair<u'/'>(out, third);
+  out = WriteSeparatedPair(out, u'/', second);
+  return WriteSeparatedPair(out, u'/', third);
 }
 
 // The layouts but QXFMT_DATE_YMD and what acts as it.
-char16_t* WriteOtherDate(char16_t* out, std::uint32_t year, std::uint32_t month, std::uint32_t day,
-                         QXFMT_DATE_FORMAT layout);
+char16_t* WriteOtherDate(char16_t* out, const CalendarFields& fields, QXFMT_DATE_FORMAT layout);
 
-// Writes a date in a resolved layout to a block of 128 bytes and returns its end, where a
-// terminator stands: 14 units at most. year: 100 to 9999.
-inline char16_t* WriteDate(char16_t* out, std::uint32_t year, std::uint32_t month,
-                           std::uint32_t day, QXFMT_DATE_FORMAT layout) {
-  const bool is_other = layout >= QXFMT_DATE_YDM && layout <= QXFMT_DATE_DMY;
-  return is_other ? WriteOtherDate(out, year, month, day, layout)
-                  : WriteYearFirst(out, year, month, day);
-}
+// A date in a resolved layout.
+class Date {
+ public:
+  static constexpr std::int32_t kMaxSize = 13;  // "Nov. 15, 2023"
+  static constexpr std::int32_t kSlack = 2;
 
-// The date part of a dated text, at the start of the text's block: what FormatDate gives for these
-// seconds, which were admitted before. As FormatDate does, it takes a block; but the date goes
-// straight to the place where it shows. Seconds of 0 give no text and take no block. Returns the
-// end of the text.
-inline char16_t* WriteDatePart(CQXBlockBuffer& arena, char16_t* out, std::int64_t seconds,
-                               const CalendarFields& fields, QXFMT_DATE_FORMAT layout) {
-  if (seconds == 0) return out;
-  const ResultBlock<128> block(arena);
-  if (block.missing()) return out + BoundedPrint<u"%s">(out, block.kPrintLimit, kMemoryError);
-  return WriteDate(out, fields.year, fields.month, fields.day, ResolveLayout(layout));
-}
+  Date(const CalendarFields& fields, QXFMT_DATE_FORMAT layout) : fields_(fields), layout_(layout) {}
 
-// Writes the time of day, "06:13:20", without any locale. Returns the end, where a terminator
-// stands.
-inline char16_t* WriteTime(char16_t* out, const CalendarFields& fields) {
-  WriteDigitPair(out, fields.hour);
-  out = WriteSeparatedPair<u':'>(out + 2, fields.minute);
-  return WriteSeparatedPair<u':'>(out, fields.second);
-}
+  char16_t* Write(char16_t* out) const {
+    const bool is_other = layout_ >= QXFMT_DATE_YDM && layout_ <= QXFMT_DATE_DMY;
+    return is_other ? WriteOtherDate(out, fields_, layout_)
+                    : WriteYearFirst(out, fields_.year, fields_.month, fields_.day);
+  }
 
-// The same with a blank before it.
-inline char16_t* WriteTimeBehindDate(char16_t* out, const CalendarFields& fields) {
-  out = WriteSeparatedPair<u' '>(out, fields.hour);
-  out = WriteSeparatedPair<u':'>(out, fields.minute);
-  return WriteSeparatedPair<u':'>(out, fields.second);
-}
+ private:
+  const CalendarFields& fields_;
+  QXFMT_DATE_FORMAT layout_;
+};
+
+// "06:13:20", without any locale.
+class TimeOfDay {
+ public:
+  static constexpr std::int32_t kMaxSize = 8;
+  static constexpr std::int32_t kSlack = 1;
+
+  explicit TimeOfDay(const CalendarFields& fields) : fields_(fields) {}
+
+  char16_t* Write(char16_t* out) const {
+    out = WritePair(out, fields_.hour);
+    out = WriteSeparatedPair(out, u':', fields_.minute);
+    return WriteSeparatedPair(out, u':', fields_.second);
+  }
+
+ private:
+  const CalendarFields& fields_;
+};
 
 }  // namespace qxfmt

@@ -1,12 +1,14 @@
 // Spans of time: the clock layout, plain seconds, and the frame of the worded ones.
 
+#include <array>
 #include <cstdint>
 
 #include <qxfmt/data_format.h>
 #include <qxfmt/growable_text.h>
 
-#include "frame/bounded_print.h"
-#include "frame/result_block.h"
+#include "frame/result.h"
+#include "text/decimal.h"
+#include "time/fraction.h"
 #include "time/worded_durations.h"
 
 namespace qxfmt {
@@ -15,138 +17,102 @@ namespace {
 
 constexpr ResultText kRangeOutOfRange = u"[TIME_OUT_RANGE]";
 
-using DurationBlock = ResultBlock<128>;
+// Hours, minutes and seconds. Hours have two digits or more, do not wrap and end at 1193046.
+class Clock {
+ public:
+  static constexpr std::int32_t kMaxSize = 13;
+  static constexpr std::int32_t kSlack = 1;
 
-// Also from index 1, behind a minus: the block has one unit more than the limit.
-constexpr std::int32_t kLimit = DurationBlock::kPrintLimit;
+  explicit Clock(std::uint32_t whole_seconds) : seconds_(whole_seconds) {}
 
-// What the twins have of their own.
-struct MillisecondTwin {
-  static constexpr std::uint64_t kPerSecond = 1'000;
-  static constexpr QXFMT_TIME_ACCURACY kAccuracy = QXFMT_TIME_MSECOND;
-  static constexpr ResultText kClockZero = u"00:00:00.000";
-  static constexpr ResultText kPlainZero = u"0.000";
-  static constexpr Pattern kClock = u"%02u:%02u:%02u.%03u";
-  static constexpr Pattern kPlain = u"%d.%03u";
+  char16_t* Write(char16_t* out) const {
+    const std::uint32_t minutes = seconds_ / 60;
+    const std::uint32_t hours = seconds_ / 3600;
+    out = hours < 100 ? WritePair(out, hours) : WriteDigits(out, hours, CountDigits(hours));
+    out = WriteSeparatedPair(out, u':', minutes - hours * 60);
+    return WriteSeparatedPair(out, u':', seconds_ - minutes * 60);
+  }
+
+ private:
+  std::uint32_t seconds_;
 };
 
-struct MicrosecondTwin {
-  static constexpr std::uint64_t kPerSecond = 1'000'000;
-  static constexpr QXFMT_TIME_ACCURACY kAccuracy = QXFMT_TIME_USECOND;
-  static constexpr ResultText kClockZero = u"00:00:00.000000";
-  static constexpr ResultText kPlainZero = u"0.000000";
-  static constexpr Pattern kClock = u"%02u:%02u:%02u.%06u";
-  static constexpr Pattern kPlain = u"%d.%06u";
-};
-
-struct NanosecondTwin {
-  static constexpr std::uint64_t kPerSecond = 1'000'000'000;
-  static constexpr QXFMT_TIME_ACCURACY kAccuracy = QXFMT_TIME_NSECOND;
-  static constexpr ResultText kClockZero = u"00:00:00.000000000";
-  static constexpr ResultText kPlainZero = u"0.000000000";
-  static constexpr Pattern kClock = u"%02u:%02u:%02u.%09u";
-  static constexpr Pattern kPlain = u"%d.%09u";
-};
-
-// Hours do not wrap: the largest is 1193046.
-struct Clock {
-  explicit Clock(std::uint32_t whole_seconds)
-      : hours(whole_seconds / 3600),
-        minutes(whole_seconds / 60 % 60),
-        seconds(whole_seconds % 60) {}
-
-  std::uint32_t hours;
-  std::uint32_t minutes;
-  std::uint32_t seconds;
-};
-
-// Stores the minus of a negative count. Returns where the text goes on.
-char16_t* StoreSign(char16_t* out, std::int64_t count) {
-  if (count >= 0) return out;
-  *out = u'-';
-  return out + 1;
+// The static text of a count of 0: a clock or a single digit, and the decimals.
+template <int kDecimals>
+constexpr auto MakeZeroText(std::u16string_view whole) {
+  std::array<char16_t, std::size_t{8 + 1 + kDecimals + 1}> text{};
+  char16_t* out = std::copy(whole.begin(), whole.end(), text.begin());
+  if (kDecimals > 0) *out++ = u'.';
+  std::fill_n(out, kDecimals, u'0');
+  return text;
 }
 
-std::uint64_t MagnitudeOf(std::int64_t count) {
-  const auto bits = static_cast<std::uint64_t>(count);
-  return count < 0 ? 0 - bits : bits;
-}
+template <int kDecimals>
+constexpr auto kClockZero = MakeZeroText<kDecimals>(u"00:00:00");
+template <int kDecimals>
+constexpr auto kPlainZero = MakeZeroText<kDecimals>(u"0");
 
-// The words of a duration belong into a text of their own, and a twin fails when there is no memory
-// for one. It never has to grow, and the words go straight to the place where they show.
-void PrintWords(char16_t* out, QXFMT_TIME_ACCURACY accuracy, QXFMT_DURATION_FORMAT format,
-                std::uint64_t nanoseconds) {
-  const GrowableText text;
-  out[WriteDurationWords(out, accuracy, format, nanoseconds).size] = u'\0';
-}
+template <int kDecimals>
+constexpr auto kAccuracy = static_cast<QXFMT_TIME_ACCURACY>(kDecimals / 3);
+
+// The words of a duration belong into a string, and an operation fails when there is no memory for
+// one. The words themselves go straight to the block.
+void RequireStringMemory() { const GrowableText text; }
 
 bool IsWorded(QXFMT_DURATION_FORMAT format) {
   return format == QXFMT_DURATION_WORDS_CN || format == QXFMT_DURATION_WORDS_EN;
 }
 
-template <typename Twin>
-ResultText FormatTwin(CQXBlockBuffer& arena, std::int64_t count, QXFMT_DURATION_FORMAT format) {
-  const DurationBlock block(arena);
-  if (block.missing()) return kMemoryError;
-  const bool is_clock = format == QXFMT_DURATION_CLOCK;
-  const bool is_worded = IsWorded(format);
-  if (count == 0 && !is_worded) return is_clock ? Twin::kClockZero : Twin::kPlainZero;
-
-  char16_t* const out = StoreSign(block.units(), count);
-  const std::uint64_t magnitude = MagnitudeOf(count);
-  if (is_worded) {
-    PrintWords(out, Twin::kAccuracy, format, magnitude * (1'000'000'000 / Twin::kPerSecond));
-    return block.Finish();
-  }
-  const auto whole_seconds = static_cast<std::uint32_t>(magnitude / Twin::kPerSecond);
-  const auto fraction = static_cast<std::uint32_t>(magnitude % Twin::kPerSecond);
-  if (is_clock) {
-    const Clock clock(whole_seconds);
-    BoundedPrint<Twin::kClock>(out, kLimit, clock.hours, clock.minutes, clock.seconds, fraction);
-  } else {
-    BoundedPrint<Twin::kPlain>(out, kLimit, static_cast<std::int32_t>(whole_seconds), fraction);
-  }
-  return block.Finish();
+// A span as a count of units with that many decimals of a second.
+template <int kDecimals>
+ResultText FormatSpan(CQXBlockBuffer& arena, std::int64_t count, QXFMT_DURATION_FORMAT format) {
+  constexpr auto kUnits = static_cast<std::uint64_t>(kUnitsPerSecond<kDecimals>);
+  return FillResult<128>(arena, [&](auto block) -> ResultText {
+    const Minus minus(count < 0);
+    const std::uint64_t magnitude = MagnitudeOf(count);
+    if (IsWorded(format)) {
+      RequireStringMemory();
+      return block.Print(
+          minus, DurationWords(kAccuracy<kDecimals>, format, magnitude * (1'000'000'000 / kUnits)));
+    }
+    const auto seconds = static_cast<std::uint32_t>(magnitude / kUnits);
+    const Fraction<kDecimals> fraction(static_cast<std::int32_t>(magnitude % kUnits));
+    if (format == QXFMT_DURATION_CLOCK) {
+      if (count == 0) return kClockZero<kDecimals>.data();
+      return block.Print(minus, Clock(seconds), fraction);
+    }
+    const Decimal whole(static_cast<std::int32_t>(seconds));
+    if constexpr (kDecimals == 0) {  // two digits at least
+      const bool has_one = seconds < 10;
+      return has_one ? block.Print(u'0', whole) : block.Print(whole);
+    }
+    if (count == 0) return kPlainZero<kDecimals>.data();
+    return block.Print(minus, whole, fraction);
+  });
 }
 
 }  // namespace
 
 }  // namespace qxfmt
 
-using qxfmt::BoundedPrint;
-using qxfmt::Clock;
-
 ResultText CQXDataFormat::FormatDurationSecond(std::uint32_t seconds,
                                                QXFMT_DURATION_FORMAT format) {
-  const qxfmt::DurationBlock block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  if (format == QXFMT_DURATION_CLOCK) {
-    if (seconds == 0) return u"00:00:00";
-    const Clock clock(seconds);
-    BoundedPrint<u"%02u:%02u:%02u">(block.units(), block.kPrintLimit, clock.hours, clock.minutes,
-                                    clock.seconds);
-  } else if (qxfmt::IsWorded(format)) {
-    qxfmt::PrintWords(block.units(), QXFMT_TIME_SECOND, format,
-                      std::uint64_t{seconds} * 1'000'000'000);
-  } else {
-    BoundedPrint<u"%02d">(block.units(), block.kPrintLimit, static_cast<std::int32_t>(seconds));
-  }
-  return block.Finish();
+  return qxfmt::FormatSpan<0>(blocks_, seconds, format);
 }
 
 ResultText CQXDataFormat::FormatDurationMSecond(std::int64_t milliseconds,
                                                 QXFMT_DURATION_FORMAT format) {
-  return qxfmt::FormatTwin<qxfmt::MillisecondTwin>(blocks_, milliseconds, format);
+  return qxfmt::FormatSpan<3>(blocks_, milliseconds, format);
 }
 
 ResultText CQXDataFormat::FormatDurationUSecond(std::int64_t microseconds,
                                                 QXFMT_DURATION_FORMAT format) {
-  return qxfmt::FormatTwin<qxfmt::MicrosecondTwin>(blocks_, microseconds, format);
+  return qxfmt::FormatSpan<6>(blocks_, microseconds, format);
 }
 
 ResultText CQXDataFormat::FormatDurationNSecond(std::int64_t nanoseconds,
                                                 QXFMT_DURATION_FORMAT format) {
-  return qxfmt::FormatTwin<qxfmt::NanosecondTwin>(blocks_, nanoseconds, format);
+  return qxfmt::FormatSpan<9>(blocks_, nanoseconds, format);
 }
 
 ResultText CQXDataFormat::FormatDurationAllSecond(std::int64_t nanoseconds,
@@ -170,11 +136,7 @@ ResultText CQXDataFormat::FormatHiResTimeRange(std::int64_t milliseconds) {
   // negative lies above it.
   const auto range = static_cast<std::uint64_t>(milliseconds);
   if (range > std::uint64_t{QXFMT_TIME_LIMIT}) return qxfmt::kRangeOutOfRange;
-  const qxfmt::DurationBlock block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  const Clock clock(static_cast<std::uint32_t>(range / 1000));
-  const auto rest = static_cast<std::uint32_t>(range % 1000);
-  BoundedPrint<u"%02u:%02u:%02u.%03u">(block.units(), block.kPrintLimit, clock.hours, clock.minutes,
-                                       clock.seconds, rest);
-  return block.Finish();
+  const qxfmt::Clock clock(static_cast<std::uint32_t>(range / 1000));
+  const qxfmt::Fraction<3> fraction(static_cast<std::int32_t>(range % 1000));
+  return qxfmt::PrintResult<128>(blocks_, clock, fraction);
 }

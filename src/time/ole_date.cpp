@@ -2,11 +2,11 @@
 
 #include <cmath>
 #include <cstdint>
+#include <string_view>
 
 #include <qxfmt/data_format.h>
 
-#include "frame/bounded_print.h"
-#include "frame/result_block.h"
+#include "frame/result.h"
 #include "time/calendar_text.h"
 
 namespace qxfmt {
@@ -18,7 +18,7 @@ constexpr std::int32_t kLastDay = 2958465;   // 9999-12-31
 constexpr std::int32_t kSecondsPerDay = 86400;
 
 // A failed conversion: every field reads as -1, which fills a field of two digits.
-ResultText NoDate(QXFMT_DATE_FORMAT layout) {
+std::u16string_view NoDate(QXFMT_DATE_FORMAT layout) {
   return layout == QXFMT_DATE_MONTH_NAME ? u"-1 -1, -1 -1:-1:-1" : u"-1/-1/-1 -1:-1:-1";
 }
 
@@ -75,16 +75,10 @@ bool FromOleDate(double date, CalendarFields& fields) {
 }  // namespace qxfmt
 
 ResultText CQXDataFormat::FormatOleDateTime(double date, QXFMT_DATE_FORMAT layout) {
-  const qxfmt::ResultBlock<128> block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  const QXFMT_DATE_FORMAT resolved = qxfmt::ResolveLayout(layout);
-  qxfmt::CalendarFields fields;
-  if (qxfmt::FromOleDate(date, fields)) {
-    char16_t* const date_end =
-        qxfmt::WriteDate(block.units(), fields.year, fields.month, fields.day, resolved);
-    qxfmt::WriteTimeBehindDate(date_end, fields);
-  } else {
-    qxfmt::BoundedPrint<u"%s">(block.units(), block.kPrintLimit, qxfmt::NoDate(resolved));
-  }
-  return block.Finish();
+  return qxfmt::FillResult<128>(blocks_, [&](auto block) {
+    const QXFMT_DATE_FORMAT resolved = qxfmt::ResolveLayout(layout);
+    qxfmt::CalendarFields fields;
+    if (!qxfmt::FromOleDate(date, fields)) return block.Print(qxfmt::NoDate(resolved));
+    return block.Print(qxfmt::Date(fields, resolved), u' ', qxfmt::TimeOfDay(fields));
+  });
 }

@@ -1,12 +1,13 @@
 #include "time/worded_durations.h"
 
-#include <array>
 #include <cstring>
 
 #include <qxfmt/data_format.h>
 #include <qxfmt/growable_text.h>
 
-#include "frame/digits.h"
+#include "text/bounded_print.h"
+#include "text/decimal.h"
+#include "text/digits.h"
 
 namespace qxfmt {
 
@@ -51,94 +52,58 @@ struct DurationFields {
   std::uint32_t values[kFields];
 };
 
-// The field behind which the walk ends; an accuracy outside its list ends it nowhere, and then no
-// field is one that shows its 0.
-struct Walk {
-  explicit Walk(QXFMT_TIME_ACCURACY accuracy)
-      : has_end(accuracy >= QXFMT_TIME_SECOND && accuracy <= QXFMT_TIME_NSECOND),
-        last(has_end ? kSecondsField + accuracy : kFields - 1) {}
-
-  bool has_end;
-  std::int32_t last;
-};
-
-// A value below 1000 in decimal, without leading zeros; a 0 has no digits, since it does not show.
-struct SmallNumber {
-  char16_t digits[3];
-  std::uint16_t size;
-};
-
-constexpr std::array<SmallNumber, 1000> MakeSmallNumbers() {
-  std::array<SmallNumber, 1000> numbers{};
-  for (std::uint16_t value = 1; value < 1000; ++value) {
-    SmallNumber& number = numbers[value];
-    std::uint16_t scale = value >= 100 ? 100 : value >= 10 ? 10 : 1;
-    for (; scale > 0; scale /= 10) {
-      number.digits[number.size++] = static_cast<char16_t>(u'0' + value / scale % 10);
-    }
-  }
-  return numbers;
-}
-
-// 8 KB that take the branches out of the words: which fields show, and in how many digits, is hard
-// to predict.
-constexpr std::array<SmallNumber, 1000> kSmallNumbers = MakeSmallNumbers();
-
-// Both write in one store, of which the last units may be too many, and return the count of those
-// that are not.
-std::size_t WriteNumber(char16_t* out, const SmallNumber& number) {
-  static_assert(sizeof number == 4 * sizeof(char16_t));
-  std::memcpy(out, &number, sizeof number);  // its size as well: a store of 8 bytes
-  return number.size;
-}
-
-std::size_t WriteUnit(char16_t* out, const UnitWord& word) {
+char16_t* WriteUnit(char16_t* out, const UnitWord& word) {
   std::memcpy(out, word.units, sizeof(word.units));
-  return word.size;
+  return out + word.size;
 }
 
-std::size_t WriteDays(char16_t* out, std::uint32_t days, const UnitWord& word) {
-  const std::int32_t digits = CountDigits(days);
-  WriteDigits(out, days, digits);
-  const auto size = static_cast<std::size_t>(digits);
-  return size + WriteUnit(out + size, word);
+constexpr std::uint64_t kFinestUnits[] = {1'000'000'000, 1'000'000, 1'000, 1};  // by accuracy
+
+// An accuracy outside its list ends the words nowhere, and shows no 0.
+bool IsListed(QXFMT_TIME_ACCURACY accuracy) {
+  return accuracy >= QXFMT_TIME_SECOND && accuracy <= QXFMT_TIME_NSECOND;
 }
 
 }  // namespace
 
-DurationWords WriteDurationWords(char16_t* out, QXFMT_TIME_ACCURACY accuracy,
-                                 QXFMT_DURATION_FORMAT format, std::uint64_t nanoseconds) {
-  const UnitWords& words = format == QXFMT_DURATION_WORDS_CN ? kChineseWords : kLatinWords;
-  const DurationFields fields(nanoseconds);
-  const Walk walk(accuracy);
-  std::size_t size = 0;
+bool DurationWords::ShowsValue() const {
+  return nanoseconds_ >= (IsListed(accuracy_) ? kFinestUnits[accuracy_] : 1);
+}
+
+char16_t* DurationWords::Write(char16_t* out) const {
+  const UnitWords& words = format_ == QXFMT_DURATION_WORDS_CN ? kChineseWords : kLatinWords;
+  const std::int32_t last = IsListed(accuracy_) ? kSecondsField + accuracy_ : kFields - 1;
+  if (!ShowsValue()) {
+    if (!IsListed(accuracy_)) return out;
+    *out = u'0';
+    return WriteUnit(out + 1, words[last]);
+  }
+  const DurationFields fields(nanoseconds_);
   std::int32_t i = 0;
   if (fields.values[0] >= kSmallNumbers.size()) [[unlikely]] {
-    size = WriteDays(out, fields.values[0], words[0]);
+    out = WriteDigits(out, fields.values[0], CountDigits(fields.values[0]));
+    out = WriteUnit(out, words[0]);
     i = 1;
   }
-  for (; i <= walk.last; ++i) {
-    const std::size_t digits = WriteNumber(out + size, kSmallNumbers[fields.values[i]]);
-    const std::size_t unit = WriteUnit(out + size + digits, words[i]);
-    size += (digits + unit) & (std::size_t{0} - (digits > 0 ? 1 : 0));
+  // Each field is written, and then passed over if its value is not 0: which ones show is hard to
+  // predict.
+  for (; i <= last; ++i) {
+    char16_t* const end = WriteUnit(WriteSmall(out, fields.values[i]), words[i]);
+    out = fields.values[i] > 0 ? end : out;
   }
-  if (size > 0 || !walk.has_end) return {size, size > 0};
-  out[0] = u'0';
-  return {1 + WriteUnit(out + 1, words[walk.last]), false};
+  return out;
 }
 
 }  // namespace qxfmt
 
 void CQXDataFormat::FormatDuration(QXFMT_TIME_ACCURACY accuracy, QXFMT_DURATION_FORMAT format,
                                    std::int64_t nanoseconds, GrowableText& result) {
-  const auto bits = static_cast<std::uint64_t>(nanoseconds);
-  const bool negative = nanoseconds < 0;
-  char16_t units[qxfmt::kDurationWordsRoom];
-  const qxfmt::DurationWords words =
-      qxfmt::WriteDurationWords(units, accuracy, format, negative ? 0 - bits : bits);
-  result.reserve(1 + words.size);  // what can throw comes before what changes
-  result.assign(negative && words.shows_value ? u"-" : u"");
-  result.append(std::u16string_view(units, words.size));
+  constexpr std::int32_t kRoom = 64;
+  const qxfmt::DurationWords words(accuracy, format, qxfmt::MagnitudeOf(nanoseconds));
+  const qxfmt::Minus minus(nanoseconds < 0 && words.ShowsValue());
+  char16_t units[kRoom];
+  const std::int32_t size = qxfmt::BoundedPrint(units, kRoom, minus, words);
+  result.assign(std::u16string_view(units, static_cast<std::size_t>(size)));
 }
 
 void CQXDataFormat::FormatPositiveDataAndUnit(std::int32_t value, const GrowableText& unit,

@@ -1,25 +1,33 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 
 #include <qxfmt/formats.h>
 
 namespace qxfmt {
 
-struct DurationWords {
-  std::size_t size;  // units written, without a terminator
-  bool shows_value;  // whether a unit with a value above 0 shows
+// The words of a duration as a field, as CQXDataFormat::FormatDuration puts them into a text.
+class DurationWords {
+ public:
+  // 213503d23h34m33s709ms551us615ns are the words of 2^64 - 1.
+  static constexpr std::int32_t kMaxSize = 31;
+  // Of a number and a unit that are written last and then do not show.
+  static constexpr std::int32_t kSlack = 4 + 2;
+
+  // The magnitude is unsigned, so that every product and every negated count has its words.
+  DurationWords(QXFMT_TIME_ACCURACY accuracy, QXFMT_DURATION_FORMAT format,
+                std::uint64_t nanoseconds)
+      : accuracy_(accuracy), format_(format), nanoseconds_(nanoseconds) {}
+
+  char16_t* Write(char16_t* out) const;
+
+  // Whether a value above 0 shows.
+  bool ShowsValue() const;
+
+ private:
+  QXFMT_TIME_ACCURACY accuracy_;
+  QXFMT_DURATION_FORMAT format_;
+  std::uint64_t nanoseconds_;
 };
-
-// What a target must hold. 213503d23h34m33s709ms551us615ns, the words of 2^64 - 1, have 31 units;
-// behind them there is room for a field that then does not show: no digits, but the four units that
-// a number writes.
-inline constexpr std::size_t kDurationWordsRoom = 31 + 4;
-
-// Writes the words of a duration, as CQXDataFormat::FormatDuration puts them into a text. The
-// magnitude is unsigned, so that every product and every negated count has its words.
-DurationWords WriteDurationWords(char16_t* out, QXFMT_TIME_ACCURACY accuracy,
-                                 QXFMT_DURATION_FORMAT format, std::uint64_t nanoseconds);
 
 }  // namespace qxfmt

@@ -3,8 +3,8 @@
 #include <cstring>
 #include <random>
 
-#include "frame/fixed_decimal.h"
 #include "support/test.h"
+#include "text/fixed_decimal.h"
 
 using namespace qxfmt::test;
 using qxfmt::FastDecimal;
@@ -125,11 +125,11 @@ TEST(DecimalText, FastPathAgreesWithTheGeneralOne) {
     if (!fast.Read(value, places)) continue;
     ++taken;
     char16_t text[128];
-    *fast.Write(text) = u'\0';
+    *fast.Write(text, qxfmt::Grouping::kNone) = u'\0';
     char exact[512];
     *std::to_chars(exact, exact + 511, value, std::chars_format::fixed, places).ptr = '\0';
     ASSERT_EQ(Utf8(text), exact) << std::hexfloat << value << ' ' << places;
-    ASSERT_EQ(static_cast<std::size_t>(fast.size()), std::strlen(exact));
+    ASSERT_EQ(static_cast<std::size_t>(fast.size(qxfmt::Grouping::kNone)), std::strlen(exact));
   }
 }
 

@@ -1,25 +1,13 @@
-#include <cstring>
-
 #include <qxfmt/address.h>
-#include <qxfmt/data_format.h>
 
-#include "address/hex.h"
 #include "address/octets.h"
-#include "frame/result_block.h"
+#include "text/hex_digits.h"
 
 namespace {
 
 constexpr std::uint64_t kNoAddress = ~std::uint64_t{0};
 constexpr int kOctets = 6;
 constexpr int kMaxOctets = 8;
-constexpr char16_t kBadCount[] = u"???";
-
-// Prints an octet and the colon after it.
-inline char16_t* WriteOctet(char16_t* out, std::uint8_t octet) {
-  qxfmt::WriteHexPair(out, qxfmt::kHexPairsUpper[octet]);
-  out[2] = u':';
-  return out + 3;
-}
 
 // The address whose octets, first to last, are the pairs of the digits that `spelled` holds, the
 // last digit lowest. A digit left alone is the low half of its octet; octets without digits are 0.
@@ -35,34 +23,6 @@ std::uint64_t PairDigits(std::uint64_t spelled, int digits) {
 }
 
 }  // namespace
-
-ResultText CQXDataFormat::FormatMacAddress(std::uint64_t address) {
-  const qxfmt::ResultBlock<50> block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  char16_t* end = block.units();
-  for (int i = 0; i < kOctets; ++i) {
-    end = WriteOctet(end, static_cast<std::uint8_t>(address >> (8 * i)));
-  }
-  end[-1] = u'\0';  // in place of the last colon
-  return block.units();
-}
-
-ResultText CQXDataFormat::FormatMacAddress(const std::uint8_t* octets, std::int32_t count) {
-  const qxfmt::ResultBlock<64> block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  if (count < 1 || count > kMaxOctets) {
-    std::memcpy(block.units(), kBadCount, sizeof(kBadCount));
-    return block.Finish();
-  }
-  char16_t* end = block.units();
-  for (std::int32_t i = 0; i < count; ++i) end = WriteOctet(end, octets[i]);
-  end[-1] = u'\0';
-  return block.Finish();
-}
-
-ResultText CQXDataFormat::FormatIPXAddress(const std::uint8_t* /*octets*/, std::int32_t /*count*/) {
-  return u"NOIMPLEMENT";
-}
 
 std::uint8_t QXFMT_GetHexValue(WideText text) {
   if (text == nullptr || text[0] == u'\0') return 0;

@@ -1,10 +1,4 @@
-#include "address/port.h"
-
 #include <qxfmt/address.h>
-#include <qxfmt/data_format.h>
-
-#include "address/ipv4_text.h"
-#include "frame/result_block.h"
 
 namespace {
 
@@ -24,15 +18,6 @@ bool ReadPort(WideText text, std::uint16_t& port) {
 }
 
 }  // namespace
-
-ResultText CQXDataFormat::FormatIpPort(std::uint32_t address, std::uint16_t port) {
-  const qxfmt::ResultBlock<128> block(blocks_);
-  if (block.missing()) return qxfmt::kMemoryError;
-  char16_t* end = qxfmt::WriteDotted(block.units(), address);
-  *end = u':';
-  *qxfmt::WritePort(end + 1, port) = u'\0';
-  return block.Finish();
-}
 
 std::uint16_t QXFMT_GetPortVal(WideText text, std::int32_t* valid) {
   if (valid != nullptr) *valid = 0;

@@ -4,7 +4,7 @@
 
 #include <qxfmt/growable_text.h>
 
-#include "frame/format_arguments.h"
+#include "growable/format_arguments.h"
 
 namespace {
 
@@ -115,8 +115,8 @@ void GrowableText::resize(std::size_t length, char16_t fill) {
   SetSize(length);
 }
 
-// Puts `count` units behind the text, which `write` writes where it is told to. It may read the old
-// text: that is released last.
+// Appends `count` units, which `write` writes where it is told to. It may read the old text: that
+// is released last.
 template <typename Write>
 void GrowableText::Extend(std::uint64_t count, Write write) {
   if (count > max_size() - size_) throw StatusException(StatusException::kNoMemory);

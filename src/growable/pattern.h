@@ -1,6 +1,6 @@
 #pragma once
 
-// The conversions of a print pattern, read the same way at compile time and at run time.
+// The conversions of the patterns that callers give to GrowableText::append_format.
 
 #include <cstdint>
 #include <string_view>
@@ -18,7 +18,6 @@ enum class Kind : std::uint8_t {
 };
 
 inline constexpr std::int32_t kNoPrecision = -1;
-inline constexpr std::int32_t kPrecisionFromArgument = -2;  // "%.*f"
 
 struct Conversion {
   Kind kind = Kind::kPercent;
@@ -27,15 +26,13 @@ struct Conversion {
   std::int32_t width = 0;
   std::int32_t precision = kNoPrecision;
 
-  constexpr bool is_hex() const { return kind == Kind::kHexLower || kind == Kind::kHexUpper; }
-  constexpr bool is_integer() const {
-    return kind == Kind::kSigned || kind == Kind::kUnsigned || is_hex();
-  }
+  bool is_hex() const { return kind == Kind::kHexLower || kind == Kind::kHexUpper; }
+  bool is_integer() const { return kind == Kind::kSigned || kind == Kind::kUnsigned || is_hex(); }
 };
 
 namespace detail {
 
-constexpr bool TakeUnit(std::u16string_view& text, char16_t unit) {
+inline bool TakeUnit(std::u16string_view& text, char16_t unit) {
   if (text.empty() || text.front() != unit) return false;
   text.remove_prefix(1);
   return true;
@@ -43,7 +40,7 @@ constexpr bool TakeUnit(std::u16string_view& text, char16_t unit) {
 
 // Takes a number of at most three digits, so that no pattern can overflow it; none gives 0. False
 // if there are more.
-constexpr bool TakeCount(std::u16string_view& text, std::int32_t& count) {
+inline bool TakeCount(std::u16string_view& text, std::int32_t& count) {
   count = 0;
   for (int digits = 0; !text.empty() && text[0] >= u'0' && text[0] <= u'9'; ++digits) {
     if (digits == 3) return false;
@@ -54,7 +51,7 @@ constexpr bool TakeCount(std::u16string_view& text, std::int32_t& count) {
 }
 
 // Takes the size of an integer argument. False if there is none.
-constexpr bool TakeSize(std::u16string_view& text, std::uint8_t& bits) {
+inline bool TakeSize(std::u16string_view& text, std::uint8_t& bits) {
   if (TakeUnit(text, u'l')) return true;
   if (TakeUnit(text, u'h')) {
     bits = 16;
@@ -66,8 +63,8 @@ constexpr bool TakeSize(std::u16string_view& text, std::uint8_t& bits) {
   return true;
 }
 
-constexpr bool TakeKind(std::u16string_view& text, Kind& kind) {
-  constexpr struct {
+inline bool TakeKind(std::u16string_view& text, Kind& kind) {
+  static constexpr struct {
     char16_t letter;
     Kind kind;
   } kLetters[] = {{u'd', Kind::kSigned},   {u'u', Kind::kUnsigned}, {u'x', Kind::kHexLower},
@@ -84,18 +81,12 @@ constexpr bool TakeKind(std::u16string_view& text, Kind& kind) {
 
 // Takes the conversion at the front of the text, which follows its "%". False if there is no
 // conversion of these kinds. Reads no unit beyond the end of the text.
-constexpr bool TakeConversion(std::u16string_view& text, Conversion& conversion) {
+inline bool TakeConversion(std::u16string_view& text, Conversion& conversion) {
   conversion = Conversion{};
   if (detail::TakeUnit(text, u'%')) return true;
   conversion.zero_fill = detail::TakeUnit(text, u'0');
   if (!detail::TakeCount(text, conversion.width)) return false;
-  if (detail::TakeUnit(text, u'.')) {
-    if (detail::TakeUnit(text, u'*')) {
-      conversion.precision = kPrecisionFromArgument;
-    } else if (!detail::TakeCount(text, conversion.precision)) {
-      return false;
-    }
-  }
+  if (detail::TakeUnit(text, u'.') && !detail::TakeCount(text, conversion.precision)) return false;
   const bool has_size = detail::TakeSize(text, conversion.bits);
   if (!detail::TakeKind(text, conversion.kind)) return false;
   return !has_size || conversion.is_integer();

@@ -1,13 +1,17 @@
 #pragma once
 
-// Hexadecimal digits by table, in both directions.
+// Hexadecimal digits, in both directions.
 
 #include <array>
+#include <bit>
 #include <cstdint>
 
-#include "frame/digits.h"
+#include "text/lanes.h"
 
 namespace qxfmt {
+
+inline constexpr char16_t kHexDigitsLower[] = u"0123456789abcdef";
+inline constexpr char16_t kHexDigitsUpper[] = u"0123456789ABCDEF";
 
 namespace detail {
 
@@ -24,7 +28,7 @@ constexpr std::array<std::uint8_t, 256> MakeHexDigitValues() {
 constexpr std::array<std::uint32_t, 256> MakeHexPairs(const char16_t* digits) {
   std::array<std::uint32_t, 256> pairs{};
   for (unsigned i = 0; i < 256; ++i) {
-    pairs[i] = digits[i >> 4] | static_cast<std::uint32_t>(digits[i & 0xF]) << 16;
+    pairs[i] = static_cast<std::uint32_t>(MakeLanes(digits[i >> 4], digits[i & 0xF], 0, 0));
   }
   return pairs;
 }
@@ -33,22 +37,21 @@ constexpr std::array<std::uint32_t, 256> MakeHexPairs(const char16_t* digits) {
 
 inline constexpr std::array<std::uint8_t, 256> kHexDigitValues = detail::MakeHexDigitValues();
 
-// "00" to "ff" and "00" to "FF", each as a number with the first digit in its low half.
+// "00" to "ff" and "00" to "FF", each as the first two lanes of a word.
 inline constexpr std::array<std::uint32_t, 256> kHexPairsLower =
     detail::MakeHexPairs(kHexDigitsLower);
 inline constexpr std::array<std::uint32_t, 256> kHexPairsUpper =
     detail::MakeHexPairs(kHexDigitsUpper);
 
-// The value of a hexadecimal digit in either case; above 15 for a unit that is none. The high byte
-// of the unit goes into the result, so that one comparison judges the whole unit.
+// The value of a hexadecimal digit in either case; above 15 for any other unit. The high byte of
+// the unit goes into the result, so that one comparison judges the whole unit.
 inline std::uint32_t HexDigit(char16_t unit) {
   return kHexDigitValues[unit & 0xFF] | (unit & 0xFF00U);
 }
 
-// Writes an entry of one of the tables of pairs.
-inline void WriteHexPair(char16_t* out, std::uint32_t pair) {
-  out[0] = static_cast<char16_t>(pair);
-  out[1] = static_cast<char16_t>(pair >> 16);
+// Hexadecimal digits of the value, 1 for 0.
+inline std::int32_t CountHexDigits(std::uint64_t value) {
+  return static_cast<std::int32_t>((std::bit_width(value | 1) + 3) / 4);
 }
 
 }  // namespace qxfmt

@@ -16,7 +16,7 @@ class FormattedText {
  public:
   FormattedText(std::u16string_view pattern, const FormatArgument* arguments, std::size_t count);
 
-  // Whether the pattern is of the family and the arguments fit it in number and kind.
+  // Whether all conversions are known and the arguments fit them in number and kind.
   bool valid() const { return valid_; }
 
   // Units, without a terminator; of a valid text.
@@ -27,7 +27,7 @@ class FormattedText {
 
  private:
   template <typename Sink>
-  bool Walk(Sink& sink) const;
+  bool PutAll(Sink& sink) const;
 
   std::u16string_view pattern_;
   const FormatArgument* arguments_;

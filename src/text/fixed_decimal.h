@@ -1,14 +1,17 @@
 #pragma once
 
 // The text that "%.*f" gives for a double: its exact binary value, rounded to the places, exact
-// ties to the even digit. Two paths to the same digits: integer arithmetic for what occurs in
-// practice, the standard library's exact conversion for the rest.
+// ties to the even digit, with commas in the whole part where they are asked for. Two paths to the
+// same digits: integer arithmetic for what occurs in practice, the standard library's exact
+// conversion for the rest.
 
+#include <algorithm>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 
-#include "frame/decimal_point.h"
-#include "frame/digits.h"
+#include "text/decimal_point.h"
+#include "text/digits.h"
 
 namespace qxfmt {
 
@@ -72,34 +75,22 @@ class FastDecimal {
     return true;
   }
 
-  // Without commas.
-  std::int32_t size() const { return negative_ + whole_digits_ + (places_ == 0 ? 0 : 1 + places_); }
+  std::int32_t size(Grouping grouping) const {
+    const std::int32_t decimals = places_ == 0 ? 0 : 1 + places_;
+    return negative_ + UnitsOfDigits(whole_digits_, grouping) + decimals;
+  }
 
-  // Whether the whole part has 2^64 or more. If not, no text of this path, commas included, is
-  // longer than kNarrowSize.
-  bool is_wide() const { return high_ != 0; }
-  static constexpr std::int32_t kNarrowSize = 1 + 26 + 1 + detail::kFastPlaces;
-
-  // Writes the number and returns the end.
-  template <Grouping kGrouping = Grouping::kNone>
-  char16_t* Write(char16_t* out) const {
+  char16_t* Write(char16_t* out, Grouping grouping) const {
     *out = u'-';
     out += negative_;
-    const std::int32_t units = UnitsOfDigits<kGrouping>(whole_digits_);
-    if (!is_wide()) [[likely]] {
-      WriteNumber<kGrouping>(out, low_, units);
-    } else {
-      WriteWide<kGrouping>(out, units);
-    }
-    out += units;
+    out = grouping == Grouping::kCommas ? WriteWhole<Grouping::kCommas>(out)
+                                        : WriteWhole<Grouping::kNone>(out);
     if (places_ == 0) return out;
-    *out++ = DecimalPoint();
     if (places_ == 2) {
-      WriteDigitPair(out, static_cast<std::uint32_t>(fraction_));
-    } else {
-      WriteDigits(out, fraction_, places_);
+      return WriteSeparatedPair(out, DecimalPoint(), static_cast<std::uint32_t>(fraction_));
     }
-    return out + places_;
+    *out = DecimalPoint();
+    return WriteDigits(out + 1, fraction_, places_);
   }
 
  private:
@@ -135,16 +126,15 @@ class FastDecimal {
     return true;
   }
 
-  // The low part goes first, with a 1 before its 18 digits to show their leading zeros; the last
-  // digit of the high part then takes the place of that 1. 18 is a multiple of three, so that the
-  // commas of the two agree.
   template <Grouping kGrouping>
-  void WriteWide(char16_t* out, std::int32_t units) const {
-    constexpr std::int32_t kLowUnits = UnitsOfDigits<kGrouping>(1 + detail::kLowDigits);
-    const std::int32_t high_units = units - kLowUnits + 1;
-    const std::uint64_t low = kPowersOfTen[detail::kLowDigits] + low_;
-    WriteNumber<kGrouping>(out + high_units - 1, low, kLowUnits);
-    WriteNumber<kGrouping>(out, high_, high_units);
+  char16_t* WriteWhole(char16_t* out) const {
+    if (high_ == 0) [[likely]] {
+      return WriteDigits<kGrouping>(out, low_, whole_digits_);
+    }
+    // 18 is a multiple of three, so that the commas of the two parts agree.
+    out = WriteDigits<kGrouping>(out, high_, whole_digits_ - detail::kLowDigits);
+    if (kGrouping == Grouping::kCommas) *out++ = u',';
+    return WriteDigits<kGrouping>(out, low_, detail::kLowDigits);
   }
 
   std::int32_t negative_;  // 1 or 0
@@ -155,36 +145,50 @@ class FastDecimal {
   std::uint64_t fraction_;
 };
 
-// Any double, through std::to_chars.
+// Any double, through std::to_chars. NaN and infinities have neither places nor commas.
 class GeneralDecimal {
  public:
   void Read(double value, std::int32_t places);
-  std::int32_t size() const { return size_; }
-  char16_t* Write(char16_t* out) const;
+  std::int32_t size(Grouping grouping) const;
+  char16_t* Write(char16_t* out, Grouping grouping) const;
+
+  // Sign, 309 integer digits of the largest double, point, places.
+  static constexpr std::int32_t kMaxSize = 1 + 309 + 1 + kMaxPlaces;
 
  private:
-  // Sign, 309 integer digits of the largest double, point, places.
-  char text_[1 + 309 + 1 + kMaxPlaces];
+  char text_[kMaxSize];
   std::int32_t size_;
   std::int32_t places_;
+  std::int32_t whole_digits_;  // 0 for NaN and infinities
 };
 
-// places: 0 to kMaxPlaces.
+// A double as a field.
 class FixedDecimal {
  public:
-  FixedDecimal(double value, std::int32_t places) {
+  static constexpr std::int32_t kMaxSize = GeneralDecimal::kMaxSize + 309 / 3;
+  static constexpr std::int32_t kSlack = 1;
+
+  // places: any; negative ones act as 0, and there are never more than kMaxPlaces.
+  FixedDecimal(double value, std::int32_t places, Grouping grouping = Grouping::kNone)
+      : grouping_(grouping) {
+    places = std::clamp(places, 0, kMaxPlaces);
     is_fast_ = fast_.Read(value, places);
     if (!is_fast_) [[unlikely]]
       general_.Read(value, places);
   }
 
-  std::int32_t size() const { return is_fast_ ? fast_.size() : general_.size(); }
+  std::size_t size() const {
+    return static_cast<std::size_t>(is_fast_ ? fast_.size(grouping_) : general_.size(grouping_));
+  }
 
-  char16_t* Write(char16_t* out) const { return is_fast_ ? fast_.Write(out) : general_.Write(out); }
+  char16_t* Write(char16_t* out) const {
+    return is_fast_ ? fast_.Write(out, grouping_) : general_.Write(out, grouping_);
+  }
 
  private:
   FastDecimal fast_;
   GeneralDecimal general_;  // untouched, and so free of cost, where the fast path serves
+  Grouping grouping_;
   bool is_fast_;
 };
 

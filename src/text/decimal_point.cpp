@@ -1,4 +1,4 @@
-#include "frame/decimal_point.h"
+#include "text/decimal_point.h"
 
 #include <cstddef>
 #include <cstring>
