@@ -123,7 +123,7 @@ class Ipv6Address {
   QXFMT_IPV6_TYPE type_;
 };
 
-constexpr ResultText kNullAddress = u"[INPUT_ERR_NULL]";
+constexpr char16_t kNullAddress[] = u"[INPUT_ERR_NULL]";
 constexpr std::uint32_t kAddressBlock = 100;
 
 }  // namespace
@@ -141,9 +141,9 @@ ResultText CQXDataFormat::FormatIpv6Port(const std::uint8_t* address, std::uint1
   return qxfmt::FillResult<128>(blocks_, [&](auto block) {
     const qxfmt::Decimal number(port);
     const auto print = [&](const auto& text) { return block.Print(u'[', text, u"]:", number); };
-    if (address == nullptr) return print(std::u16string_view(qxfmt::kNullAddress));
+    if (address == nullptr) return print(qxfmt::kNullAddress);
     if (!qxfmt::TakeInnerBlock<qxfmt::kAddressBlock>(blocks_)) {
-      return print(std::u16string_view(qxfmt::kMemoryError));
+      return print(qxfmt::kMemoryError);
     }
     return print(qxfmt::Ipv6Address(address, type));
   });

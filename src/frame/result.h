@@ -13,7 +13,7 @@
 namespace qxfmt {
 
 // What an operation returns when the arena gives no block.
-inline constexpr ResultText kMemoryError = u"[MEM_ERR]";
+inline constexpr char16_t kMemoryError[] = u"[MEM_ERR]";
 
 inline constexpr ResultText kEmptyText = u"";
 

@@ -87,7 +87,7 @@ template <typename Sink>
 void PutInteger(Sink& sink, const Conversion& conversion, const FormatArgument& argument) {
   const std::uint64_t bits = argument.integer();
   const bool negative = argument.kind() == FormatArgument::Kind::kSigned && (bits >> 63) != 0;
-  sink.Put(Minus(negative));
+  if (negative) sink.Put(Unit(u'-'));
   const std::uint64_t magnitude = negative ? 0 - bits : bits;
   const std::int32_t digits = std::max(1, conversion.width - (negative ? 1 : 0));
   if (conversion.kind == Kind::kHexUpper) {
@@ -105,7 +105,8 @@ void PutArgument(Sink& sink, const Conversion& conversion, const FormatArgument&
     sink.Put(Text(argument.text()));
   } else if (conversion.kind == Kind::kFixed) {
     const bool given = conversion.precision != kNoPrecision;
-    sink.Put(FixedDecimal(argument.floating(), given ? conversion.precision : kUsualPlaces));
+    WithDecimal(argument.floating(), given ? conversion.precision : kUsualPlaces, Grouping::kNone,
+                [&](const auto& decimal) { sink.Put(decimal); });
   } else {
     PutInteger(sink, conversion, argument);
   }
@@ -131,15 +132,12 @@ void FormattedText::Write(char16_t* out) const {
 template <typename Sink>
 bool FormattedText::PutAll(Sink& sink) const {
   std::size_t used = 0;
-  for (std::u16string_view rest = pattern_;;) {
-    const std::size_t literal = std::min(rest.find(u'%'), rest.size());
-    sink.Put(Text(rest.substr(0, literal)));
-    rest.remove_prefix(literal);
-    if (rest.empty()) break;
+  for (PatternReader reader(pattern_);;) {
+    sink.Put(Text(reader.TakeLiteral()));
+    if (reader.done()) break;
 
-    rest.remove_prefix(1);
     Conversion conversion;
-    if (!TakeConversion(rest, conversion)) return false;
+    if (!reader.TakeConversion(conversion)) return false;
     if (conversion.kind == Kind::kPercent) {
       sink.Put(Unit(u'%'));
     } else {

@@ -74,8 +74,10 @@ GrowableText& GrowableText::assign(WideText text) {
 }
 
 GrowableText& GrowableText::assign(std::u16string_view text) {
-  if (text.size() > max_size()) throw StatusException(StatusException::kNoMemory);
-  if (text.size() > capacity_) reserve(text.size());  // and then it is no part of this text
+  if (text.size() > capacity_) {  // and so it is no part of this text
+    if (text.size() > max_size()) throw StatusException(StatusException::kNoMemory);
+    reserve(text.size());
+  }
   CopyUnits(units_, text);
   SetSize(text.size());
   return *this;

@@ -2,6 +2,7 @@
 
 // The conversions of the patterns that callers give to GrowableText::append_format.
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -30,66 +31,95 @@ struct Conversion {
   bool is_integer() const { return kind == Kind::kSigned || kind == Kind::kUnsigned || is_hex(); }
 };
 
-namespace detail {
+// Takes units from the front of a pattern and looks at none beyond its end.
+class PatternReader {
+ public:
+  explicit PatternReader(std::u16string_view pattern)
+      : at_(pattern.data()), end_(pattern.data() + pattern.size()) {}
 
-inline bool TakeUnit(std::u16string_view& text, char16_t unit) {
-  if (text.empty() || text.front() != unit) return false;
-  text.remove_prefix(1);
-  return true;
-}
+  bool done() const { return at_ == end_; }
 
-// Takes a number of at most three digits, so that no pattern can overflow it; none gives 0. False
-// if there are more.
-inline bool TakeCount(std::u16string_view& text, std::int32_t& count) {
-  count = 0;
-  for (int digits = 0; !text.empty() && text[0] >= u'0' && text[0] <= u'9'; ++digits) {
-    if (digits == 3) return false;
-    count = count * 10 + (text[0] - u'0');
-    text.remove_prefix(1);
+  // Everything up to the next "%".
+  std::u16string_view TakeLiteral() {
+    const char16_t* const begin = at_;
+    while (at_ != end_ && *at_ != u'%') ++at_;
+    return {begin, static_cast<std::size_t>(at_ - begin)};
   }
-  return true;
-}
 
-// Takes the size of an integer argument. False if there is none.
-inline bool TakeSize(std::u16string_view& text, std::uint8_t& bits) {
-  if (TakeUnit(text, u'l')) return true;
-  if (TakeUnit(text, u'h')) {
-    bits = 16;
+  // The conversion that begins with the next unit, a "%". False if it is unknown.
+  bool TakeConversion(Conversion& conversion) {
+    ++at_;
+    conversion = Conversion{};
+    if (Take(u'%')) return true;
+    conversion.zero_fill = Take(u'0');
+    if (!TakeCount(conversion.width)) return false;
+    if (Take(u'.') && !TakeCount(conversion.precision)) return false;
+    const bool has_size = TakeSize(conversion.bits);
+    return TakeKind(conversion.kind) && (!has_size || conversion.is_integer());
+  }
+
+ private:
+  char16_t Peek() const { return at_ != end_ ? *at_ : u'\0'; }
+
+  bool Take(char16_t unit) {
+    if (Peek() != unit) return false;
+    ++at_;
     return true;
   }
-  if (text.substr(0, 3) != u"I64") return false;
-  text.remove_prefix(3);
-  bits = 64;
-  return true;
-}
 
-inline bool TakeKind(std::u16string_view& text, Kind& kind) {
-  static constexpr struct {
-    char16_t letter;
-    Kind kind;
-  } kLetters[] = {{u'd', Kind::kSigned},   {u'u', Kind::kUnsigned}, {u'x', Kind::kHexLower},
-                  {u'X', Kind::kHexUpper}, {u's', Kind::kText},     {u'f', Kind::kFixed}};
-  for (const auto& entry : kLetters) {
-    if (!TakeUnit(text, entry.letter)) continue;
-    kind = entry.kind;
+  // A number of at most three digits, so that no pattern can overflow it; none gives 0. False if
+  // there are more.
+  bool TakeCount(std::int32_t& count) {
+    count = 0;
+    for (int digits = 0; Peek() >= u'0' && Peek() <= u'9'; ++at_) {
+      if (++digits > 3) return false;
+      count = count * 10 + (*at_ - u'0');
+    }
     return true;
   }
-  return false;
-}
 
-}  // namespace detail
+  // The size of an integer argument. False if there is none.
+  bool TakeSize(std::uint8_t& bits) {
+    if (Take(u'l')) return true;
+    if (Take(u'h')) {
+      bits = 16;
+      return true;
+    }
+    if (end_ - at_ < 3 || at_[0] != u'I' || at_[1] != u'6' || at_[2] != u'4') return false;
+    at_ += 3;
+    bits = 64;
+    return true;
+  }
 
-// Takes the conversion at the front of the text, which follows its "%". False if there is no
-// conversion of these kinds. Reads no unit beyond the end of the text.
-inline bool TakeConversion(std::u16string_view& text, Conversion& conversion) {
-  conversion = Conversion{};
-  if (detail::TakeUnit(text, u'%')) return true;
-  conversion.zero_fill = detail::TakeUnit(text, u'0');
-  if (!detail::TakeCount(text, conversion.width)) return false;
-  if (detail::TakeUnit(text, u'.') && !detail::TakeCount(text, conversion.precision)) return false;
-  const bool has_size = detail::TakeSize(text, conversion.bits);
-  if (!detail::TakeKind(text, conversion.kind)) return false;
-  return !has_size || conversion.is_integer();
-}
+  bool TakeKind(Kind& kind) {
+    switch (Peek()) {
+      case u'd':
+        kind = Kind::kSigned;
+        break;
+      case u'u':
+        kind = Kind::kUnsigned;
+        break;
+      case u'x':
+        kind = Kind::kHexLower;
+        break;
+      case u'X':
+        kind = Kind::kHexUpper;
+        break;
+      case u's':
+        kind = Kind::kText;
+        break;
+      case u'f':
+        kind = Kind::kFixed;
+        break;
+      default:
+        return false;
+    }
+    ++at_;
+    return true;
+  }
+
+  const char16_t* at_;
+  const char16_t* end_;
+};
 
 }  // namespace qxfmt

@@ -9,15 +9,28 @@
 #include "text/decimal.h"
 #include "text/fixed_decimal.h"
 
-using qxfmt::FixedDecimal;
-using qxfmt::Grouping;
-using qxfmt::GroupingOf;
-using qxfmt::PrintResult;
+namespace qxfmt {
+
+namespace {
+
+template <std::uint32_t kBytes>
+ResultText FormatTwoPlaces(CQXBlockBuffer& arena, double value) {
+  return FillResult<kBytes>(arena, [value](auto block) {
+    return WithDecimal(value, 2, Grouping::kNone,
+                       [block](const auto& decimal) { return block.Print(decimal); });
+  });
+}
+
+}  // namespace
+
+}  // namespace qxfmt
 
 ResultText CQXDataFormat::FormatNumberEx(double value, std::int32_t places, std::int32_t grouped) {
-  return qxfmt::FillResult<qxfmt::kDecimalBlock>(blocks_, [&](auto block) {
-    const Grouping grouping = GroupingOf(grouped);
-    return block.PrintWithin(qxfmt::DecimalLimit(grouping), FixedDecimal(value, places, grouping));
+  return qxfmt::FillResult<qxfmt::kDecimalBlock>(blocks_, [=](auto block) {
+    const qxfmt::Grouping grouping = qxfmt::GroupingOf(grouped);
+    return qxfmt::WithDecimal(value, places, grouping, [=](const auto& decimal) {
+      return block.PrintWithin(qxfmt::DecimalLimit(grouping), decimal);
+    });
   });
 }
 
@@ -29,13 +42,14 @@ ResultText CQXDataFormat::FormatNumberEx(std::uint64_t value, std::int32_t place
                                          std::int32_t grouped) {
   constexpr std::int32_t kMaxLeastDigits = 6;
   const std::int32_t digits = std::clamp(places, 0, kMaxLeastDigits);
-  return PrintResult<256>(blocks_, qxfmt::PaddedDecimal(value, digits, GroupingOf(grouped)));
+  const qxfmt::PaddedDecimal number(value, digits, qxfmt::GroupingOf(grouped));
+  return qxfmt::PrintResult<256>(blocks_, number);
 }
 
 ResultText CQXDataFormat::FormatDecimal(float value) {
-  return PrintResult<128>(blocks_, FixedDecimal(double{value}, 2));
+  return qxfmt::FormatTwoPlaces<128>(blocks_, double{value});
 }
 
 ResultText CQXDataFormat::FormatDecimal(double value) {
-  return PrintResult<256>(blocks_, FixedDecimal(value, 2));
+  return qxfmt::FormatTwoPlaces<256>(blocks_, value);
 }

@@ -3,7 +3,6 @@
 #include <cstdint>
 
 #include "text/digits.h"
-#include "text/fixed_decimal.h"
 
 namespace qxfmt {
 
@@ -14,10 +13,6 @@ inline constexpr std::uint32_t kDecimalBlock = 256;
 // fills the block.
 constexpr std::int32_t DecimalLimit(Grouping grouping) {
   return grouping == Grouping::kCommas ? 128 : 120;
-}
-
-inline bool FitsDecimalBlock(const FixedDecimal& decimal, Grouping grouping) {
-  return decimal.size() < static_cast<std::size_t>(DecimalLimit(grouping));
 }
 
 }  // namespace qxfmt

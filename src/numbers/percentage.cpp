@@ -24,9 +24,11 @@ ResultText CQXDataFormat::FormatPercentage(std::int32_t value) {
 }
 
 ResultText CQXDataFormat::FormatPercentage(float value) {
-  // Single precision shows in the digits. The longest product leaves room for the sign.
-  const float product = value * 100.0F;
-  const qxfmt::FixedDecimal number(double{product}, settings.number_decimal_places.Get(),
-                                   GroupingSetting());
-  return qxfmt::PrintResult<qxfmt::kDecimalBlock>(blocks_, number, u'%');
+  const float product = value * 100.0F;  // single precision shows in the digits
+  return qxfmt::FillResult<qxfmt::kDecimalBlock>(blocks_, [&](auto block) {
+    // The longest product leaves room for the sign.
+    return qxfmt::WithDecimal(double{product}, settings.number_decimal_places.Get(),
+                              GroupingSetting(),
+                              [&](const auto& decimal) { return block.Print(decimal, u'%'); });
+  });
 }

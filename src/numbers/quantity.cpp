@@ -2,7 +2,6 @@
 
 #include <cstring>
 #include <limits>
-#include <string_view>
 
 #include "frame/result.h"
 #include "numbers/decimal_text.h"
@@ -86,12 +85,14 @@ ResultText Format(CQXBlockBuffer& arena, const Quantity& quantity, Value value,
     const Choice choice = ChooseUnit(quantity, unit_argument, ToSigned(value));
     const UnitField unit(quantity.unit_texts[choice.unit]);
     if (!TakeInnerBlock<kDecimalBlock>(arena)) {
-      return block.Print(std::u16string_view(kMemoryError), unit);
+      return block.Print(kMemoryError, unit);
     }
     const double scaled = ScaleValue(quantity.scale, value, choice.unit, places);
-    const FixedDecimal number(scaled, places, choice.grouping);
-    const bool number_fits = FitsDecimalBlock(number, choice.grouping);
-    return number_fits ? block.Print(number, unit) : block.Print(unit);
+    return WithDecimal(scaled, places, choice.grouping, [&](const auto& number) {
+      // A number that is too long for its own block is dropped, and the unit stays.
+      const auto limit = static_cast<std::size_t>(DecimalLimit(choice.grouping));
+      return SizeBound(number) < limit ? block.Print(number, unit) : block.Print(unit);
+    });
   });
 }
 

@@ -57,16 +57,6 @@ inline char16_t* WriteExactly(char16_t* out, const Piece& field) {
 
 namespace detail {
 
-// What a field may take before its slack, as far as that is known without writing it.
-template <Field Piece>
-inline std::size_t SizeBound(const Piece& field) {
-  if constexpr (MeasuredField<Piece>) {
-    return field.size();
-  } else {
-    return Piece::kMaxSize;
-  }
-}
-
 // For a limit that the longest texts could reach, or their slack.
 template <Field... Fields>
 [[gnu::noinline, gnu::cold]] std::int32_t PrintExactly(char16_t* target, std::int32_t limit,

@@ -29,7 +29,7 @@ class Decimal {
 
  public:
   static constexpr std::int32_t kMaxSize = 1 + UnitsOfDigits<Grouping::kCommas>(kMaxDigits);
-  static constexpr std::int32_t kSlack = 0;
+  static constexpr std::int32_t kSlack = 3;
 
   explicit Decimal(Value value, Grouping grouping = Grouping::kNone)
       : negative_(value < 0), magnitude_(MagnitudeOf(value)), grouping_(grouping) {}
@@ -37,12 +37,12 @@ class Decimal {
   char16_t* Write(char16_t* out) const {
     if constexpr (std::is_signed_v<Value>) out = Minus(negative_).Write(out);
     if (grouping_ == Grouping::kCommas) {
-      return WriteDigits<Grouping::kCommas>(out, magnitude_, CountDigits(magnitude_));
+      return WriteWhole<Grouping::kCommas>(out, magnitude_);
     }
     if constexpr (kIsShort) {
-      return WriteShort(out, magnitude_);
+      return WriteUpToFive(out, magnitude_);
     } else {
-      return WriteDigits(out, magnitude_, CountDigits(magnitude_));
+      return WriteWhole<Grouping::kNone>(out, magnitude_);
     }
   }
 

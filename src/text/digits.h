@@ -3,7 +3,6 @@
 // Decimal digits of whole numbers, as 16-bit units.
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -12,31 +11,31 @@
 
 namespace qxfmt {
 
-// A value below 1000 in the two forms in which numbers need it.
-struct SmallNumber {
-  Lanes filled;  // a comma and three digits: ",007"
-  Lanes digits;  // without leading zeros, then their count in the last lane
+// The values below 1000 in the two forms in which numbers need them: the one table for all decimal
+// digits.
+struct SmallNumbers {
+  static constexpr std::uint32_t kCount = 1000;
 
-  constexpr std::int32_t count() const { return static_cast<std::int32_t>(digits >> 48); }
+  Lanes filled[kCount];  // a comma and three digits: ",007"
+  Lanes digits[kCount];  // without leading zeros, then their count in the last lane
 };
 
 namespace detail {
 
-constexpr std::array<SmallNumber, 1000> MakeSmallNumbers() {
-  std::array<SmallNumber, 1000> numbers{};
-  for (std::uint32_t value = 0; value < 1000; ++value) {
+constexpr SmallNumbers MakeSmallNumbers() {
+  SmallNumbers numbers{};
+  for (std::uint32_t value = 0; value < SmallNumbers::kCount; ++value) {
     const Lanes three = MakeLanes(u'0' + value / 100, u'0' + value / 10 % 10, u'0' + value % 10, 0);
     const int zeros = value < 10 ? 2 : value < 100 ? 1 : 0;
-    numbers[value] = {three << 16 | u',', three >> (16 * zeros) | static_cast<Lanes>(3 - zeros)
-                                                                      << 48};
+    numbers.filled[value] = three << 16 | u',';
+    numbers.digits[value] = three >> (16 * zeros) | static_cast<Lanes>(3 - zeros) << 48;
   }
   return numbers;
 }
 
 }  // namespace detail
 
-// The one table for all decimal digits.
-inline constexpr std::array<SmallNumber, 1000> kSmallNumbers = detail::MakeSmallNumbers();
+inline constexpr SmallNumbers kSmallNumbers = detail::MakeSmallNumbers();
 
 // 10^0 to 10^19, all that fit 64 bits.
 inline constexpr std::uint64_t kPowersOfTen[] = {
@@ -95,13 +94,13 @@ inline char16_t* WriteDigits(char16_t* out, Value value, std::int32_t digits) {
   std::int32_t end = units;
   while (end > 3) {
     const Value rest = value / 1000;
-    StoreLanes(out + end - 4, kSmallNumbers[static_cast<std::size_t>(value - rest * 1000)].filled);
+    StoreLanes(out + end - 4, kSmallNumbers.filled[static_cast<std::size_t>(value - rest * 1000)]);
     end -= kStride;
     value = rest;
   }
   // One to three digits are left. Without branches: a digit that they do not have is stored first
   // and overwritten by one that they have.
-  const Lanes last = kSmallNumbers[static_cast<std::size_t>(value)].filled;
+  const Lanes last = kSmallNumbers.filled[static_cast<std::size_t>(value)];
   out[std::max(end - 3, 0)] = LaneOf(last, 1);
   out[std::max(end - 2, 0)] = LaneOf(last, 2);
   out[end - 1] = LaneOf(last, 3);
@@ -110,37 +109,58 @@ inline char16_t* WriteDigits(char16_t* out, Value value, std::int32_t digits) {
 
 // Writes the two digits of a value below 100.
 inline char16_t* WritePair(char16_t* out, std::uint32_t value) {
-  StoreHalf(out, kSmallNumbers[value].filled >> 32);
+  StoreHalf(out, kSmallNumbers.filled[value] >> 32);
   return out + 2;
 }
 
 // Writes a separator and the two digits of a value below 100: "/07", ":59". Touches one unit more.
 inline char16_t* WriteSeparatedPair(char16_t* out, char16_t separator, std::uint32_t value) {
-  StoreLanes(out, (kSmallNumbers[value].filled >> 16) ^ (separator ^ u'0'));
+  StoreLanes(out, (kSmallNumbers.filled[value] >> 16) ^ (separator ^ u'0'));
   return out + 3;
 }
 
 // Writes the digits of a value below 1000, without leading zeros. Touches four units.
 inline char16_t* WriteSmall(char16_t* out, std::uint32_t value) {
-  const SmallNumber& number = kSmallNumbers[value];
-  StoreLanes(out, number.digits);
-  return out + number.count();
+  const Lanes digits = kSmallNumbers.digits[value];
+  StoreLanes(out, digits);
+  return out + (digits >> 48);
 }
 
-// Writes the digits of a 16-bit value, without leading zeros. Touches five units. The last four
-// digits are put into one word and the leading zeros shifted out: no branch on their count, which
-// is as good as random.
-inline char16_t* WriteShort(char16_t* out, std::uint32_t value) {
+// Writes the digits of a value below 10000, without leading zeros. Touches four units. The leading
+// zeros are shifted out of one word: no branch on the count of digits, which is as good as random.
+inline char16_t* WriteUpToFour(char16_t* out, std::uint32_t value) {
+  const std::uint32_t thousands = value / 1000;
+  // The comma before the three digits becomes the fourth one.
+  const Lanes four = kSmallNumbers.filled[value - thousands * 1000] + (u'0' - u',' + thousands);
+  const int digits = 1 + (value > 9 ? 1 : 0) + (value > 99 ? 1 : 0) + (value > 999 ? 1 : 0);
+  StoreLanes(out, four >> (16 * (4 - digits)));
+  return out + digits;
+}
+
+// Writes the digits of a 16-bit value, without leading zeros. Touches five units.
+inline char16_t* WriteUpToFive(char16_t* out, std::uint32_t value) {
   const std::uint32_t first = value / 10000;
-  *out = static_cast<char16_t>(u'0' + first);
-  out += first != 0 ? 1 : 0;
   const std::uint32_t last_four = value - first * 10000;
   const std::uint32_t thousands = last_four / 1000;
-  const Lanes four = kSmallNumbers[last_four - thousands * 1000].filled + (u'0' - u',' + thousands);
+  const Lanes four = kSmallNumbers.filled[last_four - thousands * 1000] + (u'0' - u',' + thousands);
   // All four digits show after a fifth one.
-  const int shown = 1 + (value > 9 ? 1 : 0) + (value > 99 ? 1 : 0) + (value > 999 ? 1 : 0);
-  StoreLanes(out, four >> (16 * (4 - shown)));
-  return out + shown;
+  const int digits = 1 + (value > 9 ? 1 : 0) + (value > 99 ? 1 : 0) + (value > 999 ? 1 : 0);
+  *out = static_cast<char16_t>(u'0' + first);
+  out += first != 0 ? 1 : 0;
+  StoreLanes(out, four >> (16 * (4 - digits)));
+  return out + digits;
+}
+
+// Writes a value in as many digits as it has. Touches at most three units more.
+template <Grouping kGrouping, typename Value>
+inline char16_t* WriteWhole(char16_t* out, Value value) {
+  if (kGrouping == Grouping::kNone && value < 10000) {
+    return WriteUpToFour(out, static_cast<std::uint32_t>(value));
+  }
+  if (kGrouping == Grouping::kCommas && value < 1000) {
+    return WriteSmall(out, static_cast<std::uint32_t>(value));
+  }
+  return WriteDigits<kGrouping>(out, value, CountDigits(value));
 }
 
 }  // namespace qxfmt

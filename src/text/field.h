@@ -34,6 +34,16 @@ concept MeasuredField = Field<Type> && requires(const Type& field) {
   { field.size() } -> std::convertible_to<std::size_t>;
 };
 
+// Units that the text has at most, as far as that is known without writing it.
+template <Field Piece>
+inline std::size_t SizeBound(const Piece& field) {
+  if constexpr (MeasuredField<Piece>) {
+    return field.size();
+  } else {
+    return Piece::kMaxSize;
+  }
+}
+
 // A single unit.
 class Unit {
  public:
@@ -41,6 +51,8 @@ class Unit {
   static constexpr std::int32_t kSlack = 0;
 
   explicit Unit(char16_t unit) : unit_(unit) {}
+
+  static constexpr std::size_t size() { return 1; }
 
   char16_t* Write(char16_t* out) const {
     *out = unit_;
@@ -59,6 +71,8 @@ class Literal {
   static constexpr std::int32_t kSlack = 0;
 
   explicit Literal(const char16_t (&units)[kUnits]) : units_(units) {}
+
+  static constexpr std::size_t size() { return kUnits - 1; }
 
   char16_t* Write(char16_t* out) const {
     std::memcpy(out, units_, (kUnits - 1) * sizeof(char16_t));

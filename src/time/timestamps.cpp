@@ -58,7 +58,7 @@ class DatePart {
   char16_t* Write(char16_t* out) const {
     if (content_ == Content::kDate) [[likely]]
       return date_.Write(out);
-    return content_ == Content::kFailure ? Text(kMemoryError).Write(out) : out;
+    return content_ == Content::kFailure ? Literal(kMemoryError).Write(out) : out;
   }
 
  private:

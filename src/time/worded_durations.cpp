@@ -80,7 +80,7 @@ char16_t* DurationWords::Write(char16_t* out) const {
   }
   const DurationFields fields(nanoseconds_);
   std::int32_t i = 0;
-  if (fields.values[0] >= kSmallNumbers.size()) [[unlikely]] {
+  if (fields.values[0] >= SmallNumbers::kCount) [[unlikely]] {
     out = WriteDigits(out, fields.values[0], CountDigits(fields.values[0]));
     out = WriteUnit(out, words[0]);
     i = 1;

@@ -28,6 +28,12 @@ void ExpectPrint(const std::string& expected, const Pieces&... pieces) {
   }
 }
 
+ShortDecimal ShortNumber(double value, std::int32_t places, Grouping grouping) {
+  ShortDecimal decimal;
+  EXPECT_TRUE(decimal.Read(value, places, grouping)) << value;
+  return decimal;
+}
+
 TEST(BoundedPrint, WholeTextOrNothing) {
   constexpr auto kCommas = Grouping::kCommas;
   ExpectPrint("");
@@ -40,11 +46,11 @@ TEST(BoundedPrint, WholeTextOrNothing) {
   ExpectPrint("-32,768", Decimal(INT16_MIN, kCommas));
   ExpectPrint("000,042", PaddedDecimal(42, 6, kCommas));
   ExpectPrint("", PaddedDecimal(0, 0, kCommas));
-  ExpectPrint("date -2.67 KB", u"date ", FixedDecimal(-2.675, 2), u" KB");
-  ExpectPrint("12", FixedDecimal(12.25, 0));
-  ExpectPrint("-12,345.7", FixedDecimal(-12345.67, 1, kCommas));
-  ExpectPrint("-1,000,000,000,000,000,019,884,624,838,656.0", FixedDecimal(-1e30, 1, kCommas));
+  ExpectPrint("date -2.67 KB", u"date ", ShortNumber(-2.675, 2, Grouping::kNone), u" KB");
+  ExpectPrint("12", ShortNumber(12.25, 0, Grouping::kNone));
+  ExpectPrint("-12,345.7", ShortNumber(-12345.67, 1, kCommas));
+  ExpectPrint("-1,000,000,000,000,000,019,884,624,838,656.0", LongDecimal(-1e30, 1, kCommas));
   ExpectPrint("-10,633,823,966,279,326,983,230,456,482,242,756,608.00",
-              FixedDecimal(-0x1p123, 2, kCommas), u"");
-  ExpectPrint("nan", FixedDecimal(std::nan(""), 32, kCommas));
+              LongDecimal(-0x1p123, 2, kCommas), u"");
+  ExpectPrint("nan", LongDecimal(std::nan(""), 32, kCommas));
 }
