@@ -31,13 +31,13 @@ class ResultBlock {
   explicit ResultBlock(void* block) : units_(static_cast<char16_t*>(block)) {}
 
   template <typename... Pieces>
-  ResultText Print(const Pieces&... pieces) const {
+  [[gnu::always_inline]] ResultText Print(const Pieces&... pieces) const {
     return PrintWithin(kLimit, pieces...);
   }
 
   // For an operation with another limit, at most the units of the block.
   template <typename... Pieces>
-  ResultText PrintWithin(std::int32_t limit, const Pieces&... pieces) const {
+  [[gnu::always_inline]] ResultText PrintWithin(std::int32_t limit, const Pieces&... pieces) const {
     BoundedPrint(units_, limit, pieces...);
     if constexpr (kEnding == Ending::kForced) units_[kLimit] = u'\0';
     return units_;
@@ -50,7 +50,7 @@ class ResultBlock {
 // Takes a block and returns what `fill(block)` returns. What an operation does after it has its
 // block, such as taking the block of an inner operation, it does in there.
 template <std::uint32_t kBytes, Ending kEnding = Ending::kForced, typename Fill>
-inline ResultText FillResult(CQXBlockBuffer& arena, Fill fill) {
+[[gnu::always_inline]] inline ResultText FillResult(CQXBlockBuffer& arena, Fill fill) {
   void* const block = arena.GetBuffer(kBytes);
   if (block == nullptr) [[unlikely]]
     return kMemoryError;
@@ -59,7 +59,8 @@ inline ResultText FillResult(CQXBlockBuffer& arena, Fill fill) {
 
 // The whole of most operations.
 template <std::uint32_t kBytes, Ending kEnding = Ending::kForced, typename... Pieces>
-inline ResultText PrintResult(CQXBlockBuffer& arena, const Pieces&... pieces) {
+[[gnu::always_inline]] inline ResultText PrintResult(CQXBlockBuffer& arena,
+                                                     const Pieces&... pieces) {
   return FillResult<kBytes, kEnding>(arena, [&](auto block) { return block.Print(pieces...); });
 }
 

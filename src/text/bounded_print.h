@@ -72,8 +72,10 @@ template <Field... Fields>
   return static_cast<std::int32_t>(out - target);
 }
 
+// Inline, so that the fields stay in registers.
 template <Field... Fields>
-inline std::int32_t PrintFields(char16_t* target, std::int32_t limit, const Fields&... fields) {
+[[gnu::always_inline]] inline std::int32_t PrintFields(char16_t* target, std::int32_t limit,
+                                                       const Fields&... fields) {
   constexpr std::int32_t kAfter = std::max({std::int32_t{1}, Fields::kSlack...});  // or terminator
   // Where all sizes are constants the compiler sees the answer, and nothing is measured.
   const std::size_t most = (SizeBound(fields) + ... + std::size_t{kAfter});
@@ -89,7 +91,8 @@ inline std::int32_t PrintFields(char16_t* target, std::int32_t limit, const Fiel
 }  // namespace detail
 
 template <typename... Pieces>
-inline std::int32_t BoundedPrint(char16_t* target, std::int32_t limit, const Pieces&... pieces) {
+[[gnu::always_inline]] inline std::int32_t BoundedPrint(char16_t* target, std::int32_t limit,
+                                                        const Pieces&... pieces) {
   return detail::PrintFields(target, limit, detail::AsField(pieces)...);
 }
 

@@ -22,14 +22,13 @@ constexpr std::make_unsigned_t<Value> MagnitudeOf(Value value) {
 // A whole number in as many digits as it needs.
 template <typename Value>
 class Decimal {
-  using Magnitude =
-      std::conditional_t<sizeof(Value) == 8, std::uint64_t, std::uint32_t>;  // no narrow arithmetic
+  using Magnitude = std::make_unsigned_t<Value>;
   static constexpr bool kIsShort = sizeof(Value) <= 2;
   static constexpr std::int32_t kMaxDigits = sizeof(Value) == 8 ? 20 : kIsShort ? 5 : 10;
 
  public:
   static constexpr std::int32_t kMaxSize = 1 + UnitsOfDigits<Grouping::kCommas>(kMaxDigits);
-  static constexpr std::int32_t kSlack = 3;
+  static constexpr std::int32_t kSlack = std::max(1 + kWholeRoom<Value> - kMaxSize, 1);
 
   explicit Decimal(Value value, Grouping grouping = Grouping::kNone)
       : negative_(value < 0), magnitude_(MagnitudeOf(value)), grouping_(grouping) {}
@@ -69,8 +68,8 @@ class PaddedDecimal {
 
   char16_t* Write(char16_t* out) const {
     if (digits_ == 0) return out;
-    return grouping_ == Grouping::kCommas ? WriteDigits<Grouping::kCommas>(out, magnitude_, digits_)
-                                          : WriteDigits(out, magnitude_, digits_);
+    return grouping_ == Grouping::kCommas ? WriteFilled<Grouping::kCommas>(out, magnitude_, digits_)
+                                          : WriteFilled(out, magnitude_, digits_);
   }
 
  private:
@@ -90,7 +89,7 @@ class ZeroFilled {
 
   explicit ZeroFilled(std::uint32_t value) : value_(value) {}
 
-  char16_t* Write(char16_t* out) const { return WriteDigits(out, value_, kDigits); }
+  char16_t* Write(char16_t* out) const { return WriteFilled(out, value_, kDigits); }
 
  private:
   std::uint32_t value_;

@@ -6,6 +6,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 #include "text/lanes.h"
 
@@ -68,6 +69,13 @@ inline std::int32_t CountDigits(std::uint64_t value) {
   return guess + (static_cast<int>(value >= kPowersOfTen[guess]) | static_cast<int>(value == 0));
 }
 
+// Groups of three digits that follow the first group of a value below 10^18. Likewise: between two
+// powers of 2 lies at most one of 1000, and log1000(2) = 0.10034 (here 411 / 4096).
+inline std::int32_t CountLaterGroups(std::uint64_t value) {
+  const auto guess = static_cast<std::int32_t>(((std::bit_width(value | 1) - 1) * 411) >> 12);
+  return guess + static_cast<int>(value >= kPowersOfTen[3 * guess + 3]);
+}
+
 enum class Grouping : std::uint8_t { kNone, kCommas };
 
 // The meaning of the interface's switches.
@@ -84,26 +92,39 @@ inline std::int32_t UnitsOfDigits(std::int32_t digits, Grouping grouping) {
   return grouping == Grouping::kCommas ? UnitsOfDigits<Grouping::kCommas>(digits) : digits;
 }
 
+namespace detail {
+
+// Writes the last three digits of a value and the comma before them; without grouping, the three
+// digits that follow to the left overwrite the comma. Returns what is left of the value.
+template <typename Value>
+inline Value WriteGroup(char16_t* end, Value value) {
+  const Value rest = value / 1000;
+  const auto three = static_cast<std::uint32_t>(value) - static_cast<std::uint32_t>(rest) * 1000;
+  StoreLanes(end - 4, kSmallNumbers.filled[three]);
+  return rest;
+}
+
+// Writes the first `count` digits of a number, 1 to 3, zero-filled. Three stores without branches:
+// where there are fewer digits, two of them write the same one.
+inline void WriteFirstGroup(char16_t* out, std::uint32_t value, std::int32_t count) {
+  const Lanes digits = kSmallNumbers.filled[value] >> (16 * (4 - count));
+  const std::int32_t middle = count / 2;
+  out[0] = LaneOf(digits, 0);
+  out[middle] = LaneOf(digits, middle);
+  out[count - 1] = LaneOf(digits, count - 1);
+}
+
+}  // namespace detail
+
 // Writes a value of at most that many digits, 1 or more, filled with zeros on the left. Returns the
-// end. From the right, three digits a step: each store also puts a comma before its
-// group, which without grouping the next store overwrites.
+// end. From the right, three digits a step.
 template <Grouping kGrouping = Grouping::kNone, typename Value>
-inline char16_t* WriteDigits(char16_t* out, Value value, std::int32_t digits) {
+inline char16_t* WriteFilled(char16_t* out, Value value, std::int32_t digits) {
   constexpr std::int32_t kStride = kGrouping == Grouping::kCommas ? 4 : 3;
   const std::int32_t units = UnitsOfDigits<kGrouping>(digits);
   std::int32_t end = units;
-  while (end > 3) {
-    const Value rest = value / 1000;
-    StoreLanes(out + end - 4, kSmallNumbers.filled[static_cast<std::size_t>(value - rest * 1000)]);
-    end -= kStride;
-    value = rest;
-  }
-  // One to three digits are left. Without branches: a digit that they do not have is stored first
-  // and overwritten by one that they have.
-  const Lanes last = kSmallNumbers.filled[static_cast<std::size_t>(value)];
-  out[std::max(end - 3, 0)] = LaneOf(last, 1);
-  out[std::max(end - 2, 0)] = LaneOf(last, 2);
-  out[end - 1] = LaneOf(last, 3);
+  for (; end > 3; end -= kStride) value = detail::WriteGroup(out + end, value);
+  detail::WriteFirstGroup(out, static_cast<std::uint32_t>(value), end);
   return out + units;
 }
 
@@ -126,41 +147,97 @@ inline char16_t* WriteSmall(char16_t* out, std::uint32_t value) {
   return out + (digits >> 48);
 }
 
-// Writes the digits of a value below 10000, without leading zeros. Touches four units. The leading
-// zeros are shifted out of one word: no branch on the count of digits, which is as good as random.
-inline char16_t* WriteUpToFour(char16_t* out, std::uint32_t value) {
+namespace detail {
+
+// Writes a value below 10000 without leading zeros, but all four digits after a fifth one, which is
+// not 0. Touches four units. The leading zeros are shifted out of one word: no branch on the count
+// of digits, which is as good as random.
+inline char16_t* WriteFour(char16_t* out, std::uint32_t value, std::uint32_t fifth) {
+  constexpr Lanes kZeros = MakeLanes(u'0', u'0', u'0', u'0');
+  constexpr Lanes kLast = Lanes{1} << 48;  // the last digit always shows
   const std::uint32_t thousands = value / 1000;
   // The comma before the three digits becomes the fourth one.
   const Lanes four = kSmallNumbers.filled[value - thousands * 1000] + (u'0' - u',' + thousands);
-  const int digits = 1 + (value > 9 ? 1 : 0) + (value > 99 ? 1 : 0) + (value > 999 ? 1 : 0);
-  StoreLanes(out, four >> (16 * (4 - digits)));
-  return out + digits;
+  const int zeros = std::countr_zero((four ^ kZeros) | kLast | fifth) / 16;
+  StoreLanes(out, four >> (16 * zeros));
+  return out + (4 - zeros);
+}
+
+}  // namespace detail
+
+// Writes the digits of a value below 10000, without leading zeros. Touches four units.
+inline char16_t* WriteUpToFour(char16_t* out, std::uint32_t value) {
+  return detail::WriteFour(out, value, 0);
 }
 
 // Writes the digits of a 16-bit value, without leading zeros. Touches five units.
 inline char16_t* WriteUpToFive(char16_t* out, std::uint32_t value) {
-  const std::uint32_t first = value / 10000;
-  const std::uint32_t last_four = value - first * 10000;
-  const std::uint32_t thousands = last_four / 1000;
-  const Lanes four = kSmallNumbers.filled[last_four - thousands * 1000] + (u'0' - u',' + thousands);
-  // All four digits show after a fifth one.
-  const int digits = 1 + (value > 9 ? 1 : 0) + (value > 99 ? 1 : 0) + (value > 999 ? 1 : 0);
-  *out = static_cast<char16_t>(u'0' + first);
-  out += first != 0 ? 1 : 0;
-  StoreLanes(out, four >> (16 * (4 - digits)));
-  return out + digits;
+  const std::uint32_t fifth = value / 10000;
+  *out = static_cast<char16_t>(u'0' + fifth);
+  out += fifth != 0 ? 1 : 0;
+  return detail::WriteFour(out, value - fifth * 10000, fifth);
 }
 
-// Writes a value in as many digits as it has. Touches at most three units more.
-template <Grouping kGrouping, typename Value>
+namespace detail {
+
+// Writes groups of three digits of a value below 1000^kGroups, each with a comma before it or
+// without, and returns their end. Touches one unit more without commas.
+template <Grouping kGrouping, int kGroups, typename Value>
+inline char16_t* WriteGroups(char16_t* out, Value value) {
+  if constexpr (kGroups == 1) {
+    const Lanes filled = kSmallNumbers.filled[value];
+    StoreLanes(out, kGrouping == Grouping::kCommas ? filled : filled >> 16);
+    return out + (kGrouping == Grouping::kCommas ? 4 : 3);
+  } else {
+    constexpr int kLow = kGroups / 2;
+    constexpr auto kScale = static_cast<Value>(kPowersOfTen[3 * kLow]);
+    const Value high = value / kScale;
+    const Value low = value - high * kScale;
+    using Narrow = std::conditional_t<kGroups <= 6, std::uint32_t, Value>;  // at most 10^9
+    out = WriteGroups<kGrouping, kGroups - kLow>(out, static_cast<Narrow>(high));
+    return WriteGroups<kGrouping, kLow>(out, static_cast<Narrow>(low));
+  }
+}
+
+// Enough groups for all values of a type, but those from 10^18 on.
+template <typename Value>
+inline constexpr int kGroupsOf = sizeof(Value) == 8   ? 6
+                                 : sizeof(Value) == 4 ? 4
+                                                      : 2;
+
+}  // namespace detail
+
+// Units that WriteWhole may touch.
+template <typename Value>
+inline constexpr std::int32_t kWholeRoom = sizeof(Value) == 8 ? 27 : 4 * detail::kGroupsOf<Value>;
+
+// Writes a value in as many digits as it has.
+//
+// A longer value is multiplied by the power of 1000 that gives it as many groups as its type can
+// have. So the first group is always the first of these; all are written, and where the text ends
+// is a matter of arithmetic: no branch on the length, which is as good as random.
+template <Grouping kGrouping = Grouping::kNone, typename Value>
 inline char16_t* WriteWhole(char16_t* out, Value value) {
+  constexpr int kLater = detail::kGroupsOf<Value> - 1;
+  constexpr std::int32_t kStride = kGrouping == Grouping::kCommas ? 4 : 3;
+  constexpr std::uint64_t kFirstScale = kPowersOfTen[3 * kLater];
   if (kGrouping == Grouping::kNone && value < 10000) {
     return WriteUpToFour(out, static_cast<std::uint32_t>(value));
   }
   if (kGrouping == Grouping::kCommas && value < 1000) {
     return WriteSmall(out, static_cast<std::uint32_t>(value));
   }
-  return WriteDigits<kGrouping>(out, value, CountDigits(value));
+  if (sizeof(Value) == 8 && value >= kPowersOfTen[18]) [[unlikely]] {
+    const std::uint64_t first = value / kPowersOfTen[18];
+    out = WriteSmall(out, static_cast<std::uint32_t>(first));
+    return detail::WriteGroups<kGrouping, 6>(out, value - first * kPowersOfTen[18]);
+  }
+  const std::int32_t later = CountLaterGroups(value);
+  const std::uint64_t all = std::uint64_t{value} * kPowersOfTen[3 * (kLater - later)];
+  const std::uint64_t first = all / kFirstScale;
+  char16_t* const first_end = WriteSmall(out, static_cast<std::uint32_t>(first));
+  detail::WriteGroups<kGrouping, kLater>(first_end, all - first * kFirstScale);
+  return first_end + later * kStride;
 }
 
 }  // namespace qxfmt

@@ -33,15 +33,16 @@ inline constexpr std::int32_t kShortPlaces = 3;  // 53 bits and 10^3 make 63 bit
 
 inline constexpr std::int32_t kNarrowPlaces = 3;  // 53 bits and 10^3 make 63 bits
 inline constexpr int kMantissaBits = 53;
+inline constexpr int kWholeExponent = 1075;  // of a double whose mantissa counts ones
+inline constexpr int kWidestBits = 8 * sizeof(Widest);
 inline constexpr std::uint64_t kHiddenBit = std::uint64_t{1} << (kMantissaBits - 1);
 
 // product / 2^shift, rounded to nearest; a tie goes up if the digit before it is odd, which for
-// lack of a digit in the quotient itself (0 places) is `whole`. shift: 1 to 1074.
+// lack of a digit in the quotient itself (0 places) is `whole`. shift: 1 to the bits of the product
+// less 1. The product leaves the top bit of its type unused.
 template <typename Product>
 inline std::uint64_t DivideRounded(Product product, int shift, std::uint64_t whole,
                                    std::int32_t places) {
-  // The product leaves the top bit of its type unused, so that it is below a half from there on.
-  if (shift >= static_cast<int>(8 * sizeof(Product))) return 0;
   const auto quotient = static_cast<std::uint64_t>(product >> shift);
   const Product rest = product & ((Product{1} << shift) - 1);
   const Product half = Product{1} << (shift - 1);
@@ -62,21 +63,19 @@ class ShortDecimal {
     if (places > detail::kShortPlaces) return false;
     const auto bits = std::bit_cast<std::uint64_t>(value);
     const int exponent = static_cast<int>(bits >> 52) & 0x7FF;
-    const std::uint64_t mantissa = bits & (detail::kHiddenBit - 1);
+    const int shift = detail::kWholeExponent - std::max(exponent, 1);
+    // Zeros and subnormal numbers have no hidden bit, and the smallest normal number's exponent.
+    const std::uint64_t hidden = exponent > 0 ? detail::kHiddenBit : 0;
+    const std::uint64_t mantissa = (bits & (detail::kHiddenBit - 1)) | hidden;
     negative_ = (bits >> 63) != 0;
     places_ = places;
     grouping_ = grouping;
-    if (exponent >= 1 && exponent < 1075) [[likely]] {
-      ReadFraction(mantissa | detail::kHiddenBit, 1075 - exponent);
+    if (shift > 0) [[likely]] {
+      ReadFraction(mantissa, shift);
       return true;
     }
-    if (exponent == 0) {
-      ReadFraction(mantissa, 1074);  // a subnormal: no hidden bit, the smallest normal's exponent
-      return true;
-    }
-    const int shift = exponent - 1075;
-    if (shift > 64 - detail::kMantissaBits) return false;
-    whole_ = (mantissa | detail::kHiddenBit) << shift;
+    if (shift < detail::kMantissaBits - 64) return false;
+    whole_ = mantissa << -shift;
     fraction_ = 0;
     return true;
   }
@@ -90,20 +89,29 @@ class ShortDecimal {
       return WriteSeparatedPair(out, DecimalPoint(), static_cast<std::uint32_t>(fraction_));
     }
     *out = DecimalPoint();
-    return WriteDigits(out + 1, fraction_, places_);
+    return WriteFilled(out + 1, fraction_, places_);
   }
 
  private:
   // mantissa / 2^shift, shift 1 to 1074.
   void ReadFraction(std::uint64_t mantissa, int shift) {
-    const bool has_whole = shift < 64;
-    whole_ = has_whole ? mantissa >> shift : 0;
-    const std::uint64_t rest = has_whole ? mantissa & ((std::uint64_t{1} << shift) - 1) : mantissa;
     const std::uint64_t scale = kPowersOfTen[places_];
-    fraction_ = places_ <= detail::kNarrowPlaces
-                    ? detail::DivideRounded(rest * scale, shift, whole_, places_)
-                    : detail::DivideRounded(static_cast<detail::Widest>(rest) * scale, shift,
-                                            whole_, places_);
+    if (places_ <= detail::kNarrowPlaces) {
+      // What 2^63 and more divides rounds to 0. Told without a branch: idle links have many zeros.
+      mantissa = shift < 64 ? mantissa : 0;
+      shift = std::min(shift, 63);
+      whole_ = mantissa >> shift;
+      const std::uint64_t rest = mantissa & ((std::uint64_t{1} << shift) - 1);
+      fraction_ = detail::DivideRounded(rest * scale, shift, whole_, places_);
+    } else {
+      const bool has_whole = shift < detail::kMantissaBits;
+      whole_ = has_whole ? mantissa >> shift : 0;
+      const std::uint64_t rest = mantissa - (has_whole ? whole_ << shift : 0);
+      fraction_ = shift < detail::kWidestBits
+                      ? detail::DivideRounded(static_cast<detail::Widest>(rest) * scale, shift,
+                                              whole_, places_)
+                      : 0;
+    }
     if (fraction_ == scale) [[unlikely]] {
       fraction_ = 0;
       ++whole_;

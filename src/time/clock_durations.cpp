@@ -28,7 +28,7 @@ class Clock {
   char16_t* Write(char16_t* out) const {
     const std::uint32_t minutes = seconds_ / 60;
     const std::uint32_t hours = seconds_ / 3600;
-    out = hours < 100 ? WritePair(out, hours) : WriteDigits(out, hours, CountDigits(hours));
+    out = hours < 100 ? WritePair(out, hours) : WriteWhole(out, hours);
     out = WriteSeparatedPair(out, u':', minutes - hours * 60);
     return WriteSeparatedPair(out, u':', seconds_ - minutes * 60);
   }

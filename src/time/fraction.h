@@ -29,7 +29,7 @@ class Fraction {
     *out++ = u'.';
     if (value_ < 0) [[unlikely]]
       return WriteNegative(out);
-    return WriteDigits(out, static_cast<std::uint32_t>(value_), kDecimals);
+    return WriteFilled(out, static_cast<std::uint32_t>(value_), kDecimals);
   }
 
  private:

@@ -81,15 +81,15 @@ char16_t* DurationWords::Write(char16_t* out) const {
   const DurationFields fields(nanoseconds_);
   std::int32_t i = 0;
   if (fields.values[0] >= SmallNumbers::kCount) [[unlikely]] {
-    out = WriteDigits(out, fields.values[0], CountDigits(fields.values[0]));
+    out = WriteWhole(out, fields.values[0]);
     out = WriteUnit(out, words[0]);
     i = 1;
   }
   // Each field is written, and then passed over if its value is not 0: which ones show is hard to
   // predict.
   for (; i <= last; ++i) {
-    char16_t* const end = WriteUnit(WriteSmall(out, fields.values[i]), words[i]);
-    out = fields.values[i] > 0 ? end : out;
+    const auto size = WriteUnit(WriteSmall(out, fields.values[i]), words[i]) - out;
+    out += size & (0 - static_cast<std::ptrdiff_t>(fields.values[i] > 0));
   }
   return out;
 }
