@@ -78,21 +78,4 @@ class PaddedDecimal {
   Grouping grouping_;
 };
 
-// The digits of a value below 10^kDigits, zero-filled: a fraction of 0, 3, 6 or 9 digits.
-template <int kDigits>
-class ZeroFilled {
-  static_assert(kDigits == 3 || kDigits == 6 || kDigits == 9);
-
- public:
-  static constexpr std::int32_t kMaxSize = kDigits;
-  static constexpr std::int32_t kSlack = 0;
-
-  explicit ZeroFilled(std::uint32_t value) : value_(value) {}
-
-  char16_t* Write(char16_t* out) const { return WriteFilled(out, value_, kDigits); }
-
- private:
-  std::uint32_t value_;
-};
-
 }  // namespace qxfmt

@@ -39,28 +39,26 @@ constexpr SmallNumbers MakeSmallNumbers() {
 inline constexpr SmallNumbers kSmallNumbers = detail::MakeSmallNumbers();
 
 // 10^0 to 10^19, all that fit 64 bits.
-inline constexpr std::uint64_t kPowersOfTen[] = {
-    1ULL,
-    10ULL,
-    100ULL,
-    1'000ULL,
-    10'000ULL,
-    100'000ULL,
-    1'000'000ULL,
-    10'000'000ULL,
-    100'000'000ULL,
-    1'000'000'000ULL,
-    10'000'000'000ULL,
-    100'000'000'000ULL,
-    1'000'000'000'000ULL,
-    10'000'000'000'000ULL,
-    100'000'000'000'000ULL,
-    1'000'000'000'000'000ULL,
-    10'000'000'000'000'000ULL,
-    100'000'000'000'000'000ULL,
-    1'000'000'000'000'000'000ULL,
-    10'000'000'000'000'000'000ULL,
-};
+inline constexpr std::uint64_t kPowersOfTen[] = {1ULL,
+                                                 10ULL,
+                                                 100ULL,
+                                                 1'000ULL,
+                                                 10'000ULL,
+                                                 100'000ULL,
+                                                 1'000'000ULL,
+                                                 10'000'000ULL,
+                                                 100'000'000ULL,
+                                                 1'000'000'000ULL,
+                                                 10'000'000'000ULL,
+                                                 100'000'000'000ULL,
+                                                 1'000'000'000'000ULL,
+                                                 10'000'000'000'000ULL,
+                                                 100'000'000'000'000ULL,
+                                                 1'000'000'000'000'000ULL,
+                                                 10'000'000'000'000'000ULL,
+                                                 100'000'000'000'000'000ULL,
+                                                 1'000'000'000'000'000'000ULL,
+                                                 10'000'000'000'000'000'000ULL};
 
 // Decimal digits of the value, 1 for 0. The bit width times log10(2) = 0.30103 (here 1233 / 4096)
 // is the count or one less than it; one comparison decides.
@@ -199,13 +197,23 @@ inline char16_t* WriteGroups(char16_t* out, Value value) {
   }
 }
 
-// Enough groups for all values of a type, but those from 10^18 on.
+// Enough groups for all values of a type, except those from 10^18 on.
 template <typename Value>
 inline constexpr int kGroupsOf = sizeof(Value) == 8   ? 6
                                  : sizeof(Value) == 4 ? 4
                                                       : 2;
 
 }  // namespace detail
+
+// Writes a value below 1000^kGroups in groups of three digits, zero-filled and without commas.
+// Touches one unit more.
+template <int kGroups>
+inline char16_t* WriteThousands(char16_t* out, std::uint32_t value) {
+  if constexpr (kGroups == 0)
+    return out;
+  else
+    return detail::WriteGroups<Grouping::kNone, kGroups>(out, value);
+}
 
 // Units that WriteWhole may touch.
 template <typename Value>

@@ -28,12 +28,21 @@ class Clock {
   char16_t* Write(char16_t* out) const {
     const std::uint32_t minutes = seconds_ / 60;
     const std::uint32_t hours = seconds_ / 3600;
-    out = hours < 100 ? WritePair(out, hours) : WriteWhole(out, hours);
+    out = WriteHours(out, hours);
     out = WriteSeparatedPair(out, u':', minutes - hours * 60);
     return WriteSeparatedPair(out, u':', seconds_ - minutes * 60);
   }
 
  private:
+  // Two digits or three without a branch, since spans are as often below 100 hours as above.
+  static char16_t* WriteHours(char16_t* out, std::uint32_t hours) {
+    if (hours >= SmallNumbers::kCount) [[unlikely]]
+      return WriteWhole(out, hours);
+    const int digits = hours < 100 ? 2 : 3;
+    StoreLanes(out, kSmallNumbers.filled[hours] >> (16 * (4 - digits)));
+    return out + digits;
+  }
+
   std::uint32_t seconds_;
 };
 

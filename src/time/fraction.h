@@ -25,17 +25,24 @@ class Fraction {
   explicit Fraction(std::int32_t value) : value_(value) {}
 
   char16_t* Write(char16_t* out) const {
-    if constexpr (kDecimals == 0) return out;
-    *out++ = u'.';
-    if (value_ < 0) [[unlikely]]
-      return WriteNegative(out);
-    return WriteFilled(out, static_cast<std::uint32_t>(value_), kDecimals);
+    if constexpr (kDecimals == 0) {
+      return out;
+    } else {
+      if (value_ < 0) [[unlikely]]
+        return WriteNegative(out);
+      // The point takes the place of the comma before the first three digits.
+      constexpr std::uint32_t kRest = kUnitsPerSecond<kDecimals> / 1'000;
+      const auto value = static_cast<std::uint32_t>(value_);
+      StoreLanes(out, kSmallNumbers.filled[value / kRest] ^ (u',' ^ u'.'));
+      return WriteThousands<kDecimals / 3 - 1>(out + 4, value % kRest);
+    }
   }
 
  private:
   char16_t* WriteNegative(char16_t* out) const {
-    *out = u'-';
-    return PaddedDecimal(MagnitudeOf(value_), kDecimals - 1, Grouping::kNone).Write(out + 1);
+    out[0] = u'.';
+    out[1] = u'-';
+    return PaddedDecimal(MagnitudeOf(value_), kDecimals - 1, Grouping::kNone).Write(out + 2);
   }
 
   std::int32_t value_;
