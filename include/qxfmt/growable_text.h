@@ -94,8 +94,9 @@ class FormatArgument {
 /// A string of 16-bit units that grows on demand. The names follow `std::string`.
 ///
 /// Memory: comes from the memory resource given at construction, and stays with it; the resource
-/// must outlive the text. Creation takes room for 63 units and a terminator at once, so that a text
-/// within them costs one allocation; growth doubles the room.
+/// must outlive the text. There is room for 63 units and a terminator from the start: in the text
+/// itself where the resource is `std::pmr::new_delete_resource()`, the process's heap; otherwise
+/// the resource is asked for it at creation. Growth doubles the room.
 ///
 /// Failures: a `StatusException`, and the text is then as it was before the call.
 ///
@@ -114,7 +115,7 @@ class QXFMT_API GrowableText {
 
   /// A copy with memory from the default resource. @throws StatusException kNoMemory
   GrowableText(const GrowableText& source);
-  /// Takes memory and resource over. The source is left empty, with a capacity of 0, and usable.
+  /// Takes memory and resource over. The source is left empty and usable; its capacity may be 0.
   GrowableText(GrowableText&& source) noexcept;
   /// Copies the text; the target keeps its resource. There is no move assignment.
   /// @throws StatusException kNoMemory
@@ -191,8 +192,11 @@ class QXFMT_API GrowableText {
   void Release() noexcept;
   void SetSize(std::size_t size) noexcept;
 
+  static constexpr std::size_t kOwnCapacity = 63;  // room for every worded duration
+
   std::pmr::memory_resource* resource_;
-  char16_t* units_ = nullptr;  // null, with a capacity of 0, once moved from
+  char16_t* units_ = nullptr;  // null, with a capacity of 0, once a resource's memory moved away
   std::size_t size_ = 0;
   std::size_t capacity_ = 0;
+  char16_t own_units_[kOwnCapacity + 1];  // where the resource is the process's heap
 };

@@ -1,15 +1,11 @@
 #include <algorithm>
 #include <cstring>
-#include <utility>
 
 #include <qxfmt/growable_text.h>
 
 #include "growable/format_arguments.h"
 
 namespace {
-
-// With the terminator 64 units: room for every worded duration.
-constexpr std::size_t kFirstCapacity = 63;
 
 WideText RequireText(WideText text) {
   if (text == nullptr) throw StatusException(StatusException::kInvalidArgument);
@@ -22,9 +18,9 @@ void CopyUnits(char16_t* out, std::u16string_view text) {
 
 std::size_t BytesFor(std::size_t capacity) { return (capacity + 1) * sizeof(char16_t); }
 
-// The usual resource hands every request to the aligned operator new, which costs more than the
-// plain one. Memory for plain units needs no more than that.
-bool IsPlainNew(const std::pmr::memory_resource* resource) {
+// The process's heap. A short text needs no memory of it, and a longer one takes it from the plain
+// operator new: the resource itself goes through the aligned one, which costs more.
+bool IsHeap(const std::pmr::memory_resource* resource) {
   return resource == std::pmr::new_delete_resource();
 }
 
@@ -49,8 +45,8 @@ GrowableText::GrowableText() : GrowableText(std::pmr::get_default_resource()) {}
 
 GrowableText::GrowableText(std::pmr::memory_resource* resource) : resource_(resource) {
   if (resource == nullptr) throw StatusException(StatusException::kFailed);
-  units_ = Allocate(kFirstCapacity);
-  capacity_ = kFirstCapacity;
+  units_ = IsHeap(resource) ? own_units_ : Allocate(kOwnCapacity);
+  capacity_ = kOwnCapacity;
   *units_ = u'\0';
 }
 
@@ -58,9 +54,19 @@ GrowableText::GrowableText(const GrowableText& source) : GrowableText() { append
 
 GrowableText::GrowableText(GrowableText&& source) noexcept
     : resource_(source.resource_),
-      units_(std::exchange(source.units_, nullptr)),
-      size_(std::exchange(source.size_, 0)),
-      capacity_(std::exchange(source.capacity_, 0)) {}
+      units_(source.units_),
+      size_(source.size_),
+      capacity_(source.capacity_) {
+  if (source.units_ == source.own_units_) {
+    units_ = own_units_;
+    CopyUnits(units_, source);
+    SetSize(size_);
+  } else {
+    source.units_ = nullptr;
+    source.capacity_ = 0;
+  }
+  source.SetSize(0);
+}
 
 GrowableText& GrowableText::operator=(const GrowableText& source) {
   if (this != &source) assign(source);
@@ -127,7 +133,7 @@ void GrowableText::Extend(std::uint64_t count, Write write) {
     write(units_ + size_);
   } else {
     const std::size_t capacity =
-        std::min(std::max({size, 2 * capacity_, kFirstCapacity}), max_size());
+        std::min(std::max({size, 2 * capacity_, kOwnCapacity}), max_size());
     char16_t* const grown = Allocate(capacity);
     CopyUnits(grown, *this);
     write(grown + size_);
@@ -139,9 +145,8 @@ void GrowableText::Extend(std::uint64_t count, Write write) {
 char16_t* GrowableText::Allocate(std::size_t capacity) {
   const std::size_t bytes = BytesFor(capacity);
   try {
-    return static_cast<char16_t*>(IsPlainNew(resource_)
-                                      ? ::operator new(bytes)
-                                      : resource_->allocate(bytes, alignof(char16_t)));
+    return static_cast<char16_t*>(
+        IsHeap(resource_) ? ::operator new(bytes) : resource_->allocate(bytes, alignof(char16_t)));
   } catch (...) {  // whatever a resource says "no" with
     throw StatusException(StatusException::kNoMemory);
   }
@@ -154,8 +159,8 @@ void GrowableText::Adopt(char16_t* units, std::size_t capacity) noexcept {
 }
 
 void GrowableText::Release() noexcept {
-  if (units_ == nullptr) return;
-  if (IsPlainNew(resource_)) {
+  if (units_ == nullptr || units_ == own_units_) return;
+  if (IsHeap(resource_)) {
     ::operator delete(units_);
   } else {
     resource_->deallocate(units_, BytesFor(capacity_), alignof(char16_t));
