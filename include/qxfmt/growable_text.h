@@ -115,7 +115,7 @@ class QXFMT_API GrowableText {
 
   /// A copy with memory from the default resource. @throws StatusException kNoMemory
   GrowableText(const GrowableText& source);
-  /// Takes memory and resource over. The source is left empty and usable; its capacity may be 0.
+  /// Takes memory and resource over. The source is left empty, with a capacity of 0, and usable.
   GrowableText(GrowableText&& source) noexcept;
   /// Copies the text; the target keeps its resource. There is no move assignment.
   /// @throws StatusException kNoMemory
@@ -195,7 +195,7 @@ class QXFMT_API GrowableText {
   static constexpr std::size_t kOwnCapacity = 63;  // room for every worded duration
 
   std::pmr::memory_resource* resource_;
-  char16_t* units_ = nullptr;  // null, with a capacity of 0, once a resource's memory moved away
+  char16_t* units_ = nullptr;  // null, with a capacity of 0, once moved from
   std::size_t size_ = 0;
   std::size_t capacity_ = 0;
   char16_t own_units_[kOwnCapacity + 1];  // where the resource is the process's heap

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include <qxfmt/growable_text.h>
 
@@ -54,18 +55,12 @@ GrowableText::GrowableText(const GrowableText& source) : GrowableText() { append
 
 GrowableText::GrowableText(GrowableText&& source) noexcept
     : resource_(source.resource_),
-      units_(source.units_),
-      size_(source.size_),
-      capacity_(source.capacity_) {
-  if (source.units_ == source.own_units_) {
-    units_ = own_units_;
-    CopyUnits(units_, source);
-    SetSize(size_);
-  } else {
-    source.units_ = nullptr;
-    source.capacity_ = 0;
-  }
-  source.SetSize(0);
+      units_(std::exchange(source.units_, nullptr)),
+      size_(std::exchange(source.size_, 0)),
+      capacity_(std::exchange(source.capacity_, 0)) {
+  if (units_ != source.own_units_) return;
+  units_ = own_units_;
+  CopyUnits(units_, {source.own_units_, size_ + 1});
 }
 
 GrowableText& GrowableText::operator=(const GrowableText& source) {
