@@ -1,146 +1,151 @@
+#include <absl/time/time.h>
+
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <iterator>
-#include <random>
 #include <string>
 
 #include "comparison.h"
-
-#if defined(QXFMT_WITH_FMT)
-#include <fmt/chrono.h>
-#include <fmt/compile.h>
-#include <fmt/format.h>
-#endif
-#if defined(QXFMT_WITH_ABSL)
-#include <absl/strings/str_cat.h>
-#include <absl/time/time.h>
-#endif
+#include "peers.h"
 
 namespace qxfmt::bench {
 
 namespace {
 
-std::tm LocalTime(std::int64_t seconds) {
-  const std::time_t time = seconds;
-  std::tm fields;
-  localtime_r(&time, &fields);
-  return fields;
+using F = CQXDataFormat;
+
+absl::TimeZone LoadZone(const char* name) {
+  absl::TimeZone zone;
+  if (!absl::LoadTimeZone(name, &zone)) ReportFailure(std::string("no zone ") + name);
+  return zone;
 }
 
-// One day of a capture: instants close to each other, as a packet list has them.
-std::vector<std::int64_t> Seconds() {
-  std::mt19937_64 random(3);
-  std::vector<std::int64_t> values(kValues);
-  for (std::int64_t& value : values) {
-    value = 1'700'000'000 + static_cast<std::int64_t>(random() % 86400);
-  }
-  return values;
+template <std::int64_t kUnitsPerSecond>
+constexpr Peer kBare{"localtime_r alone",
+                     [](std::int64_t v) { return LocalTime(v / kUnitsPerSecond).tm_sec; }};
+template <std::int64_t kUnitsPerSecond>
+constexpr Peer kFmt{"localtime_r, fmt compiled",
+                    [](char* out, std::int64_t v) { return FmtStamp<kUnitsPerSecond>(out, v); }};
+
+// --- The two that fill packet lists, in both orders and zones
+
+struct Goals {
+  double bare;  // against localtime_r alone
+  double fmt;   // against localtime_r and compiled fmt
+};
+
+void AddDateTime(const std::string& order, Values<std::int64_t> values, const char* zone,
+                 Goals goals) {
+  CompareIn(
+      zone, "FormatDateTime, " + order + ", " + zone, values,
+      [](F& f, std::int64_t v) { return f.FormatDateTime(v, QXFMT_DATE_YMD); },
+      kBare<kSecond>.WithGoal(goals.bare), kFmt<kSecond>.WithGoal(goals.fmt),
+      Peer{"localtime_r, strftime",
+           [](char* out, std::int64_t v) {
+             const std::tm fields = LocalTime(v);
+             return std::strftime(out, kPeerBuffer, "%Y/%m/%d %H:%M:%S", &fields);
+           }},
+      Peer{"absl::FormatTime", [absl_zone = LoadZone(zone)](std::int64_t v) {
+             return absl::FormatTime("%Y/%m/%d %H:%M:%S", absl::FromUnixSeconds(v), absl_zone);
+           }});
 }
 
-std::vector<std::int64_t> Microseconds() {
-  std::mt19937_64 random(4);
-  std::vector<std::int64_t> values = Seconds();
-  for (std::int64_t& value : values) {
-    value = value * 1'000'000 + static_cast<std::int64_t>(random() % 1'000'000);
-  }
-  return values;
+void AddHiResDateTime(const std::string& order, Values<std::int64_t> values, const char* zone,
+                      Goals goals) {
+  CompareIn(
+      zone, "FormatHiResDateTime, " + order + ", " + zone, values,
+      [](F& f, std::int64_t v) { return f.FormatHiResDateTime(v, QXFMT_DATE_YMD); },
+      kBare<kMicrosecond>.WithGoal(goals.bare), kFmt<kMicrosecond>.WithGoal(goals.fmt),
+      Peer{"localtime_r, strftime, snprintf",
+           [](char* out, std::int64_t v) {
+             const std::tm fields = LocalTime(v / kMicrosecond);
+             const std::size_t size = std::strftime(out, kPeerBuffer, "%Y/%m/%d %H:%M:%S", &fields);
+             return std::snprintf(out + size, kPeerBuffer - size, ".%06d",
+                                  static_cast<int>(v % kMicrosecond));
+           }},
+      Peer{"absl::FormatTime", [absl_zone = LoadZone(zone)](std::int64_t v) {
+             return absl::FormatTime("%Y/%m/%d %H:%M:%E6S", absl::FromUnixMicros(v), absl_zone);
+           }});
 }
 
-// Spans from a few units up to some thirty days.
-std::vector<std::int64_t> Spans(std::int64_t units_per_second) {
-  std::mt19937_64 random(5);
-  std::vector<std::int64_t> values(kValues);
-  const auto longest = static_cast<std::uint64_t>(units_per_second * 30 * 86400);
-  for (std::int64_t& value : values) {
-    value = static_cast<std::int64_t>((random() % longest) >> (random() % 24));
-  }
-  return values;
-}
-
-void RegisterDates() {
-  const std::vector<std::int64_t> values = Seconds();
-  const char* const operation = "FormatDateTime";
-  Ours(operation, values,
-       [](CQXDataFormat& f, std::int64_t v) { return f.FormatDateTime(v, QXFMT_DATE_YMD); });
-  Other(operation, "localtime_r alone", values, [](std::int64_t v) { return LocalTime(v).tm_sec; });
-  Peer(operation, "strftime", values, [](char* out, std::int64_t v) {
-    const std::tm fields = LocalTime(v);
-    return std::strftime(out, kPeerBuffer, "%Y/%m/%d %H:%M:%S", &fields);
-  });
-#if defined(QXFMT_WITH_FMT)
-  Peer(operation, "fmt compiled", values, [](char* out, std::int64_t v) {
-    return fmt::format_to(out, FMT_COMPILE("{:%Y/%m/%d %H:%M:%S}"), LocalTime(v));
-  });
-#endif
-#if defined(QXFMT_WITH_ABSL)
-  static const absl::TimeZone zone = absl::LocalTimeZone();
-  Other(operation, "absl::FormatTime", values, [](std::int64_t v) {
-    return absl::FormatTime("%Y/%m/%d %H:%M:%S", absl::FromUnixSeconds(v), zone);
-  });
-#endif
-}
-
-void RegisterStamps() {
-  const std::vector<std::int64_t> values = Microseconds();
-  const char* const operation = "FormatHiResDateTime";
-  Ours(operation, values,
-       [](CQXDataFormat& f, std::int64_t v) { return f.FormatHiResDateTime(v, QXFMT_DATE_YMD); });
-  Other(operation, "localtime_r alone", values,
-        [](std::int64_t v) { return LocalTime(v / 1'000'000).tm_sec; });
-  Peer(operation, "strftime, snprintf", values, [](char* out, std::int64_t v) {
-    const std::tm fields = LocalTime(v / 1'000'000);
-    const std::size_t size = std::strftime(out, kPeerBuffer, "%Y/%m/%d %H:%M:%S", &fields);
-    return std::snprintf(out + size, kPeerBuffer - size, ".%06d", static_cast<int>(v % 1'000'000));
-  });
-#if defined(QXFMT_WITH_FMT)
-  Peer(operation, "fmt compiled", values, [](char* out, std::int64_t v) {
-    return fmt::format_to(out, FMT_COMPILE("{:%Y/%m/%d %H:%M:%S}.{:06}"), LocalTime(v / 1'000'000),
-                          v % 1'000'000);
-  });
-#endif
-#if defined(QXFMT_WITH_ABSL)
-  static const absl::TimeZone zone = absl::LocalTimeZone();
-  Other(operation, "absl::FormatTime", values, [](std::int64_t v) {
-    return absl::FormatTime("%Y/%m/%d %H:%M:%E6S", absl::FromUnixMicros(v), zone);
-  });
-#endif
-}
-
-// fmt on the same fields: "01:02:03.000004" with a fraction of `kPlaces` digits.
-#if defined(QXFMT_WITH_FMT)
-template <int kPlaces>
-char* FmtClock(char* out, std::int64_t count) {
-  constexpr std::int64_t kPerSecond = kPlaces == 0   ? 1
-                                      : kPlaces == 3 ? 1'000
-                                      : kPlaces == 6 ? 1'000'000
-                                                     : 1'000'000'000;
-  const std::int64_t seconds = count / kPerSecond;
-  const std::int64_t hours = seconds / 3600;
-  const std::int64_t minutes = seconds / 60 % 60;
-  const std::int64_t rest = count % kPerSecond;
-  if constexpr (kPlaces == 0) {
-    return fmt::format_to(out, FMT_COMPILE("{:02}:{:02}:{:02}"), hours, minutes, seconds % 60);
-  } else if constexpr (kPlaces == 3) {
-    return fmt::format_to(out, FMT_COMPILE("{:02}:{:02}:{:02}.{:03}"), hours, minutes, seconds % 60,
-                          rest);
-  } else if constexpr (kPlaces == 6) {
-    return fmt::format_to(out, FMT_COMPILE("{:02}:{:02}:{:02}.{:06}"), hours, minutes, seconds % 60,
-                          rest);
-  } else {
-    return fmt::format_to(out, FMT_COMPILE("{:02}:{:02}:{:02}.{:09}"), hours, minutes, seconds % 60,
-                          rest);
+void AddPacketStamps() {
+  for (const char* zone : {kNewYork, kUtc}) {
+    AddDateTime("capture order", CaptureStamps(kSecond), zone, {zone == kUtc ? 2 : 2.5, 0});
+    AddDateTime("random order", RandomStamps(kSecond), zone, {0.87, 0});
+    AddHiResDateTime("capture order", CaptureStamps(kMicrosecond), zone, {0, 6});
+    AddHiResDateTime("random order", RandomStamps(kMicrosecond), zone, {0, 0});
   }
 }
 
-// fmt building the words of nanoseconds, unit by unit, behind an output iterator. `print(out,
-// value, unit)` prints one.
-template <typename Out, typename Print>
-Out FmtWords(Out out, std::int64_t count, Print print) {
-  if (count == 0) return print(out, 0, "ns");
-  const std::int64_t seconds = count / 1'000'000'000;
-  const std::int64_t rest = count % 1'000'000'000;
+// --- All others, in capture order
+
+// In New York.
+template <std::int64_t kUnitsPerSecond, typename Ours>
+void AddStamp(const std::string& operation, Ours ours) {
+  CompareIn(kNewYork, operation, CaptureStamps(kUnitsPerSecond), ours, kBare<kUnitsPerSecond>,
+            kFmt<kUnitsPerSecond>);
+}
+
+void AddStamps() {
+  // clang-format off
+  AddStamp<kSecond>("FormatDate",
+      [](F& f, auto v) { return f.FormatDate(v, QXFMT_DATE_YMD); });
+  AddStamp<kSecond>("FormatDate, month name",
+      [](F& f, auto v) { return f.FormatDate(v, QXFMT_DATE_MONTH_NAME); });
+  AddStamp<kSecond>("FormatTime",
+      [](F& f, auto v) { return f.FormatTime(v); });
+  AddStamp<kMillisecond>("FormatMSecondDataTime",
+      [](F& f, auto v) { return f.FormatMSecondDataTime(v, QXFMT_DATE_YMD); });
+  AddStamp<kNanosecond>("FormatMaxHiResDateTime",
+      [](F& f, auto v) { return f.FormatMaxHiResDateTime(v, QXFMT_DATE_YMD); });
+  AddStamp<kMillisecond>("FormatMSecondTime",
+      [](F& f, auto v) { return f.FormatMSecondTime(v); });
+  AddStamp<kMicrosecond>("FormatHiResTime",
+      [](F& f, auto v) { return f.FormatHiResTime(v); });
+  AddStamp<kNanosecond>("FormatMaxHiResTime",
+      [](F& f, auto v) { return f.FormatMaxHiResTime(v); });
+  AddStamp<kNanosecond>("FormatAllDateTime, seconds",
+      [](F& f, auto v) { return f.FormatAllDateTime(v, QXFMT_TIME_SECOND, QXFMT_DATE_YMD); });
+  AddStamp<kNanosecond>("FormatAllDateTime, microseconds",
+      [](F& f, auto v) { return f.FormatAllDateTime(v, QXFMT_TIME_USECOND, QXFMT_DATE_YMD); });
+  AddStamp<kNanosecond>("FormatAllTime, seconds",
+      [](F& f, auto v) { return f.FormatAllTime(v, QXFMT_TIME_SECOND); });
+  AddStamp<kNanosecond>("FormatAllTime, microseconds",
+      [](F& f, auto v) { return f.FormatAllTime(v, QXFMT_TIME_USECOND); });
+  // clang-format on
+}
+
+void AddOleDates() {
+  Compare(
+      "FormatOleDateTime", OleDates(),
+      [](F& f, double v) { return f.FormatOleDateTime(v, QXFMT_DATE_YMD); },
+      Peer{"gmtime_r, fmt compiled", [](char* out, double v) {
+             const std::time_t seconds = std::llround((v - 25569) * 86400);  // days to 1970-01-01
+             std::tm fields;
+             gmtime_r(&seconds, &fields);
+             return FmtDateTime(out, fields);
+           }});
+}
+
+// --- Durations
+
+constexpr QXFMT_DURATION_FORMAT kClock = QXFMT_DURATION_CLOCK;
+constexpr QXFMT_DURATION_FORMAT kWords = QXFMT_DURATION_WORDS_EN;
+
+template <std::int64_t kUnitsPerSecond, typename Ours>
+void AddClock(const char* operation, Ours ours) {
+  Compare(operation, Durations(kUnitsPerSecond), ours,
+          Peer{"fmt compiled",
+               [](char* out, std::int64_t v) { return FmtClock<kUnitsPerSecond>(out, v); }, 9});
+}
+
+// Pairs of value and unit, printed by fmt.
+template <std::int64_t kUnitsPerSecond, typename Out>
+Out FmtWords(Out out, std::int64_t count) {
+  const std::int64_t seconds = count / kUnitsPerSecond;
+  const std::int64_t rest = count % kUnitsPerSecond * (kNanosecond / kUnitsPerSecond);
   const struct {
     std::int64_t value;
     const char* unit;
@@ -148,98 +153,99 @@ Out FmtWords(Out out, std::int64_t count, Print print) {
                 {seconds % 60, "s"},    {rest / 1'000'000, "ms"},   {rest / 1'000 % 1'000, "us"},
                 {rest % 1'000, "ns"}};
   for (const auto& field : fields) {
-    if (field.value > 0) out = print(out, field.value, field.unit);
+    if (field.value > 0) out = fmt::format_to(out, FMT_COMPILE("{}{}"), field.value, field.unit);
   }
   return out;
 }
 
-constexpr auto kCompiledPair = [](auto out, std::int64_t value, const char* unit) {
-  return fmt::format_to(out, FMT_COMPILE("{}{}"), value, unit);
-};
-constexpr auto kPair = [](auto out, std::int64_t value, const char* unit) {
-  return fmt::format_to(out, "{}{}", value, unit);
-};
-#endif
-
-template <int kPlaces, typename Call>
-void RegisterClock(const char* operation, std::int64_t units_per_second, Call call) {
-  const std::vector<std::int64_t> values = Spans(units_per_second);
-  Ours(operation, values, call);
-#if defined(QXFMT_WITH_FMT)
-  Peer(operation, "fmt compiled", values,
-       [](char* out, std::int64_t v) { return FmtClock<kPlaces>(out, v); });
-#endif
+template <std::int64_t kUnitsPerSecond, typename Ours>
+void AddWords(const char* operation, Ours ours) {
+  Compare(
+      operation, Durations(kUnitsPerSecond), ours,
+      Peer{"fmt compiled, on the stack",
+           [](char* out, std::int64_t v) { return FmtWords<kUnitsPerSecond>(out, v); }, 2},
+      Peer{"fmt compiled, std::string",
+           [](std::int64_t v) {
+             std::string text;
+             FmtWords<kUnitsPerSecond>(std::back_inserter(text), v);
+             return text;
+           }},
+      Peer{"absl::FormatDuration", [](std::int64_t v) {
+             return absl::FormatDuration(absl::Nanoseconds(v) * (kNanosecond / kUnitsPerSecond));
+           }});
 }
 
-void RegisterClocks() {
-  RegisterClock<0>("FormatDurationSecond, clock", 1, [](CQXDataFormat& f, std::int64_t v) {
-    return f.FormatDurationSecond(static_cast<std::uint32_t>(v), QXFMT_DURATION_CLOCK);
-  });
-  RegisterClock<3>("FormatDurationMSecond, clock", 1'000, [](CQXDataFormat& f, std::int64_t v) {
-    return f.FormatDurationMSecond(v, QXFMT_DURATION_CLOCK);
-  });
-  RegisterClock<6>("FormatDurationUSecond, clock", 1'000'000, [](CQXDataFormat& f, std::int64_t v) {
-    return f.FormatDurationUSecond(v, QXFMT_DURATION_CLOCK);
-  });
-  RegisterClock<9>("FormatDurationNSecond, clock", 1'000'000'000,
-                   [](CQXDataFormat& f, std::int64_t v) {
-                     return f.FormatDurationNSecond(v, QXFMT_DURATION_CLOCK);
-                   });
+void AddDurations() {
+  // clang-format off
+  AddClock<kSecond>("FormatDurationSecond, clock",
+      [](F& f, auto v) { return f.FormatDurationSecond(static_cast<std::uint32_t>(v), kClock); });
+  AddClock<kMillisecond>("FormatDurationMSecond, clock",
+      [](F& f, auto v) { return f.FormatDurationMSecond(v, kClock); });
+  AddClock<kMicrosecond>("FormatDurationUSecond, clock",
+      [](F& f, auto v) { return f.FormatDurationUSecond(v, kClock); });
+  AddClock<kNanosecond>("FormatDurationNSecond, clock",
+      [](F& f, auto v) { return f.FormatDurationNSecond(v, kClock); });
+  AddWords<kSecond>("FormatDurationSecond, words",
+      [](F& f, auto v) { return f.FormatDurationSecond(static_cast<std::uint32_t>(v), kWords); });
+  AddWords<kMillisecond>("FormatDurationMSecond, words",
+      [](F& f, auto v) { return f.FormatDurationMSecond(v, kWords); });
+  AddWords<kMicrosecond>("FormatDurationUSecond, words",
+      [](F& f, auto v) { return f.FormatDurationUSecond(v, kWords); });
+  AddWords<kNanosecond>("FormatDurationNSecond, words",
+      [](F& f, auto v) { return f.FormatDurationNSecond(v, kWords); });
+  Compare("FormatDurationNSecond, Chinese words", Durations(kNanosecond),
+      [](F& f, auto v) { return f.FormatDurationNSecond(v, QXFMT_DURATION_WORDS_CN); });
+  Compare("FormatDurationNSecond, plain", Durations(kNanosecond),
+      [](F& f, auto v) { return f.FormatDurationNSecond(v, QXFMT_DURATION_PLAIN); });
+  Compare("FormatDurationAllSecond, clock, milliseconds", Durations(kNanosecond),
+      [](F& f, auto v) { return f.FormatDurationAllSecond(v, QXFMT_TIME_MSECOND, kClock); });
+  // clang-format on
+  // Up to some 376 days, as it takes them.
+  Compare("FormatHiResTimeRange", Durations(kMillisecond),
+          [](F& f, std::int64_t v) { return f.FormatHiResTimeRange(v % QXFMT_TIME_LIMIT); });
 }
+
+// The protected steps of a worded duration.
+struct Steps : CQXDataFormat {
+  using CQXDataFormat::FormatDataAndUnit;
+  using CQXDataFormat::FormatDuration;
+  using CQXDataFormat::FormatPositiveDataAndUnit;
+
+  GrowableText result;
+  GrowableText unit;
+};
 
 template <typename Call>
-void RegisterWords(const char* operation, std::int64_t nanoseconds_per_unit, Call call) {
-  const std::vector<std::int64_t> values = Spans(1'000'000'000 / nanoseconds_per_unit);
-  Ours(operation, values, call);
-#if defined(QXFMT_WITH_FMT)
-  Peer(operation, "fmt compiled, on the stack", values,
-       [nanoseconds_per_unit](char* out, std::int64_t v) {
-         return FmtWords(out, v * nanoseconds_per_unit, kCompiledPair);
-       });
-  // Like with like: a text of its own on the heap, which grows.
-  Other(operation, "fmt compiled, std::string", values, [nanoseconds_per_unit](std::int64_t v) {
-    std::string text;
-    FmtWords(std::back_inserter(text), v * nanoseconds_per_unit, kCompiledPair);
-    return text;
+void AddStep(const char* operation, Call call) {
+  Compare(operation, Durations(kNanosecond), [call](std::int64_t v) {
+    thread_local Steps steps;
+    call(steps, v);
+    const std::size_t size = steps.result.size();
+    steps.result.clear();
+    return size;
   });
-  Other(operation, "fmt, std::string", values, [nanoseconds_per_unit](std::int64_t v) {
-    std::string text;
-    FmtWords(std::back_inserter(text), v * nanoseconds_per_unit, kPair);
-    return text;
-  });
-#endif
-#if defined(QXFMT_WITH_ABSL)
-  Other(operation, "absl::FormatDuration", values, [nanoseconds_per_unit](std::int64_t v) {
-    return absl::FormatDuration(absl::Nanoseconds(v * nanoseconds_per_unit));
-  });
-#endif
 }
 
-void RegisterWords() {
-  constexpr QXFMT_DURATION_FORMAT kWords = QXFMT_DURATION_WORDS_EN;
-  RegisterWords("FormatDurationSecond, words", 1'000'000'000, [](CQXDataFormat& f, std::int64_t v) {
-    return f.FormatDurationSecond(static_cast<std::uint32_t>(v), kWords);
+void AddSteps() {
+  AddStep("FormatDuration", [](Steps& s, std::int64_t v) {
+    s.FormatDuration(QXFMT_TIME_NSECOND, kWords, v, s.result);
   });
-  RegisterWords("FormatDurationMSecond, words", 1'000'000, [](CQXDataFormat& f, std::int64_t v) {
-    return f.FormatDurationMSecond(v, kWords);
+  AddStep("FormatDataAndUnit", [](Steps& s, std::int64_t v) {
+    s.FormatDataAndUnit(static_cast<std::int32_t>(v % 1000), s.unit, s.result);
   });
-  RegisterWords("FormatDurationUSecond, words", 1'000, [](CQXDataFormat& f, std::int64_t v) {
-    return f.FormatDurationUSecond(v, kWords);
-  });
-  RegisterWords("FormatDurationNSecond, words", 1, [](CQXDataFormat& f, std::int64_t v) {
-    return f.FormatDurationNSecond(v, kWords);
+  AddStep("FormatPositiveDataAndUnit", [](Steps& s, std::int64_t v) {
+    s.FormatPositiveDataAndUnit(static_cast<std::int32_t>(v % 1000), s.unit, s.result);
   });
 }
 
 }  // namespace
 
-// The zone is that of TZ, so that one program measures any: a zone without daylight saving is the
-// cheapest to convert, and the hardest to keep up with.
-void RegisterTime() {
-  RegisterDates();
-  RegisterStamps();
-  RegisterClocks();
-  RegisterWords();
+void AddTimeRows() {
+  AddPacketStamps();
+  AddStamps();
+  AddOleDates();
+  AddDurations();
+  AddSteps();
 }
 
 }  // namespace qxfmt::bench
