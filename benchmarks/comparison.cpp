@@ -15,6 +15,7 @@ namespace qxfmt::bench {
 void AddAddressRows();
 void AddGrowableTextRows();
 void AddNumberRows();
+void AddPacketListRows();
 void AddSettingRows();
 void AddTimeRows();
 
@@ -49,6 +50,7 @@ const std::vector<Row>& AllRows() {
     AddAddressRows();
     AddGrowableTextRows();
     AddSettingRows();
+    AddPacketListRows();
     CheckCoverage();
   }
   return rows;

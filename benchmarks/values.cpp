@@ -405,4 +405,18 @@ Texts OctetTexts() {
   return texts;
 }
 
+Values<Packet> Packets() {
+  static const auto values = [] {
+    std::vector<Packet> packets;
+    packets.reserve(value_count);
+    for (std::size_t i = 0; i < value_count; ++i) {
+      packets.push_back({i + 1, CaptureStamps(kMicrosecond)[i], Ipv4Endpoints()[i],
+                         Ipv4Endpoints()[value_count - 1 - i], MacAddresses()[i], PacketSizes()[i],
+                         BitRates()[i], Shares()[i]});
+    }
+    return packets;
+  }();
+  return values;
+}
+
 }  // namespace qxfmt::bench

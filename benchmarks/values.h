@@ -98,4 +98,17 @@ Texts PortTexts();
 Texts MaskTexts();
 Texts OctetTexts();  // two hexadecimal digits
 
+// A line of a packet list.
+struct Packet {
+  std::uint64_t number;
+  std::int64_t microseconds;
+  Ipv4Endpoint source;
+  Ipv4Endpoint destination;
+  std::uint64_t mac;
+  std::uint32_t size;
+  double rate;
+  float share;
+};
+Values<Packet> Packets();
+
 }  // namespace qxfmt::bench
