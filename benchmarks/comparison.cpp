@@ -13,6 +13,7 @@
 namespace qxfmt::bench {
 
 void AddAddressRows();
+void AddArenaRows();
 void AddGrowableTextRows();
 void AddNumberRows();
 void AddPacketListRows();
@@ -51,6 +52,7 @@ const std::vector<Row>& AllRows() {
     AddGrowableTextRows();
     AddSettingRows();
     AddPacketListRows();
+    AddArenaRows();
     CheckCoverage();
   }
   return rows;
