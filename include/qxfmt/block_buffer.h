@@ -12,9 +12,20 @@
 /// one first, each further one larger by the growth factor, up to the largest chunk. `Reset` keeps
 /// the chunks, so that a caller that resets regularly soon allocates nothing more.
 ///
+/// It holds all the state of a formatter, and so what that remembers of the local zone as well.
+///
 /// Not thread-safe: calls on one object must not overlap.
 class CQXBlockBuffer {
  public:
+  /// Room for one span of time in which the local zone has one offset. A cache, which the
+  /// conversion to local time fills and reads. All zeros: nothing is known yet.
+  struct ZoneSpan {
+    std::uint32_t number;  ///< of the span in here, counted from 1; 0 if there is none
+    std::int32_t offset;   ///< seconds east of UTC in all of that span
+    std::uint32_t missed;  ///< the span last looked for and not found in here
+    std::uint32_t misses;  ///< how often in a row
+  };
+
   /// Takes no memory.
   /// @param largest_chunk bytes, book-keeping included, that a chunk grows to at most; a larger
   ///   block gets a chunk as large as it needs.
@@ -42,14 +53,23 @@ class CQXBlockBuffer {
     return block;
   }
 
-  /// Voids all blocks and keeps the memory for the next ones.
+  /// The only room that a span of this number can lie in.
+  ZoneSpan& zone_span(std::uint32_t number) { return zone_spans_[number % kZoneSpans]; }
+
+  /// Voids all blocks, forgets the zone, and keeps the memory for the next blocks.
   void Reset();
 
-  /// Voids all blocks and gives all memory back.
+  /// Voids all blocks, forgets the zone, and gives all memory back.
   void ReleaseAll();
 
  private:
+  static constexpr std::uint32_t kZoneSpans = 4;
+
   struct Chunk;
+
+  void ForgetZone() {
+    for (ZoneSpan& span : zone_spans_) span = {};
+  }
 
   // Only as much alignment as 16-bit units need: a million blocks of 50 bytes waste nothing.
   static constexpr std::size_t Rounded(std::uint32_t size) {
@@ -64,6 +84,8 @@ class CQXBlockBuffer {
   char* end_ = nullptr;       // where the current chunk ends
   Chunk* current_ = nullptr;  // the chunk that blocks come from; null before the first block
   Chunk* first_ = nullptr;    // the list of all chunks, in the order of their use
+  // At a multiple of 16 bytes: reads after a reset are slow in one that crosses a cache line.
+  ZoneSpan zone_spans_[kZoneSpans] = {};
   std::uint32_t largest_chunk_ = 0;
   std::uint32_t first_chunk_ = 0;
   std::uint32_t growth_ = 1;

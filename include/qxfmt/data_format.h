@@ -45,7 +45,7 @@ class QXFMT_API CQXDataFormat {
   CQXDataFormat& operator=(const CQXDataFormat& source);
 
   /// Voids all results of this object and keeps its memory for the next ones. The static texts
-  /// (failure texts and the empty text) stay valid.
+  /// (failure texts and the empty text) stay valid. Forgets what the object learned of the zone.
   void Reset();
 
   /// @name Whole numbers
@@ -264,9 +264,10 @@ class QXFMT_API CQXDataFormat {
 
   /// @name Dates and times of day
   /// @param seconds since 1970-01-01 00:00:00 UTC, shown in the local zone of the process, as the C
-  ///   library holds it: an application that changes TZ while it runs calls `tzset`. 0 reads as the
-  ///   empty text; a negative value and one above `QXFMT_TIME_LIMIT` as "TIME_OUT_RANGE". Neither
-  ///   takes a block, nor does a zone conversion that fails: it gives the empty text too.
+  ///   library holds it: an application that changes TZ while it runs calls `tzset`, and then
+  ///   `Reset` of each formatter, since these remember the zone's offset. 0 reads as the empty
+  ///   text; a negative value and one above `QXFMT_TIME_LIMIT` as "TIME_OUT_RANGE". Neither takes a
+  ///   block, nor does a zone conversion that fails: it gives the empty text too.
   /// @param layout order of the date's fields; `QXFMT_DATE_DEFAULT` is what
   ///   `QXFMT_SetDateTimeFormat` set.
   ///

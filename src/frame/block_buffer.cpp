@@ -54,10 +54,12 @@ CQXBlockBuffer::Chunk* CQXBlockBuffer::Allocate(std::size_t block) {
 }
 
 void CQXBlockBuffer::Reset() {
+  ForgetZone();
   if (first_ != nullptr) Enter(first_);
 }
 
 void CQXBlockBuffer::ReleaseAll() {
+  ForgetZone();
   for (Chunk* chunk = first_; chunk != nullptr;) {
     Chunk* const next = chunk->next;
     ::operator delete(chunk);

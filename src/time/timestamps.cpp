@@ -37,7 +37,7 @@ ResultText FormatInstant(CQXBlockBuffer& arena, std::int64_t count, Print print)
   const auto seconds = static_cast<std::uint64_t>(instant.seconds);
   if (seconds > std::uint64_t{QXFMT_TIME_LIMIT}) return kTimeOutOfRange;
   CalendarFields fields;
-  if (!ToLocalTime(instant.seconds, fields)) return kEmptyText;
+  if (!ToLocalTime(arena, instant.seconds, fields)) return kEmptyText;
   return FillResult<kBytes>(arena, [&](auto block) { return print(block, instant, fields); });
 }
 

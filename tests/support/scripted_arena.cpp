@@ -34,7 +34,10 @@ struct CQXBlockBuffer::Chunk {
 CQXBlockBuffer::CQXBlockBuffer(std::uint32_t /*largest_chunk*/) : first_(new Chunk) {}
 CQXBlockBuffer::~CQXBlockBuffer() { delete first_; }
 void CQXBlockBuffer::SetBlockSize(std::uint32_t /*first_chunk*/, std::uint32_t /*growth*/) {}
-void CQXBlockBuffer::Reset() { first_->blocks.clear(); }
+void CQXBlockBuffer::Reset() {
+  ForgetZone();
+  first_->blocks.clear();
+}
 void CQXBlockBuffer::ReleaseAll() { Reset(); }
 
 // The inline part never finds room, so that each request comes here.
