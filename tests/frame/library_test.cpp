@@ -57,6 +57,18 @@ TEST(Library, AMillionResultsCostTheirBlocks) {
   EXPECT_LT(allocated, kResults * 64 * 11 / 10);
 }
 
+TEST(Library, ResetForgetsTheZone) {
+  CQXDataFormat format;
+  for (const char* const zone : {"AAA-8", "AAA8", "AAA-8"}) {
+    setenv("TZ", zone, 1);
+    tzset();
+    format.Reset();
+    for (int i = 0; i < 9; ++i) {
+      EXPECT_EQ(Utf8(format.FormatTime(1700000000)), zone[3] == '-' ? "06:13:20" : "14:13:20");
+    }
+  }
+}
+
 TEST(Library, TwoThreadsOnTwoFormatters) {
   const auto work = [] {
     CQXDataFormat format;
