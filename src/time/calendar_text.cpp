@@ -1,5 +1,7 @@
 #include "time/calendar_text.h"
 
+#include <cstring>
+
 namespace qxfmt {
 
 namespace {
@@ -15,13 +17,14 @@ constexpr MonthAbbreviation MonthAbbreviations[] = {
     {u"Jul. ", 5}, {u"Aug. ", 5}, {u"Sep. ", 5}, {u"Oct. ", 5}, {u"Nov. ", 5}, {u"Dec. ", 5}};
 
 // "Nov. 15, 2023"
-char16_t* WriteMonthName(char16_t* out, const CalendarFields& fields) {
-  const MonthAbbreviation& month = MonthAbbreviations[fields.month - 1];
-  std::memcpy(out, month.units, sizeof(month.units));
-  out = WriteSmall(out + month.size, fields.day);
+char16_t* WriteMonthName(char16_t* out, std::uint32_t year, std::uint32_t month,
+                         std::uint32_t day) {
+  const MonthAbbreviation& name = MonthAbbreviations[month - 1];
+  std::memcpy(out, name.units, sizeof(name.units));
+  out = WriteSmall(out + name.size, day);
   out[0] = u',';
   out[1] = u' ';
-  return WriteYear(out + 2, fields.year);
+  return WriteYear(out + 2, year);
 }
 
 // "11/15/2023": the year last.
@@ -35,16 +38,17 @@ char16_t* WriteYearLast(char16_t* out, std::uint32_t first, std::uint32_t second
 
 }  // namespace
 
-char16_t* WriteOtherDate(char16_t* out, const CalendarFields& fields, QXFMT_DATE_FORMAT layout) {
+char16_t* WriteOtherDate(char16_t* out, std::uint32_t year, std::uint32_t month, std::uint32_t day,
+                         QXFMT_DATE_FORMAT layout) {
   switch (layout) {
     case QXFMT_DATE_YDM:
-      return WriteYearFirst(out, fields.year, fields.day, fields.month);
+      return WriteYearFirst(out, year, day, month);
     case QXFMT_DATE_MDY:
-      return WriteYearLast(out, fields.month, fields.day, fields.year);
+      return WriteYearLast(out, month, day, year);
     case QXFMT_DATE_MONTH_NAME:
-      return WriteMonthName(out, fields);
+      return WriteMonthName(out, year, month, day);
     default:
-      return WriteYearLast(out, fields.day, fields.month, fields.year);
+      return WriteYearLast(out, day, month, year);
   }
 }
 

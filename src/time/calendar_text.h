@@ -33,8 +33,10 @@ inline char16_t* WriteYearFirst(char16_t* out, std::uint32_t year, std::uint32_t
   return WriteSeparatedPair(out, u'/', third);
 }
 
-// The layouts but QXFMT_DATE_YMD and what acts as it.
-char16_t* WriteOtherDate(char16_t* out, const CalendarFields& fields, QXFMT_DATE_FORMAT layout);
+// The layouts but QXFMT_DATE_YMD and what acts as it. Takes values, so that the fields of the usual
+// layout stay in registers.
+char16_t* WriteOtherDate(char16_t* out, std::uint32_t year, std::uint32_t month, std::uint32_t day,
+                         QXFMT_DATE_FORMAT layout);
 
 // A date in a resolved layout.
 class Date {
@@ -46,7 +48,7 @@ class Date {
 
   char16_t* Write(char16_t* out) const {
     const bool is_other = layout_ >= QXFMT_DATE_YDM && layout_ <= QXFMT_DATE_DMY;
-    return is_other ? WriteOtherDate(out, fields_, layout_)
+    return is_other ? WriteOtherDate(out, fields_.year, fields_.month, fields_.day, layout_)
                     : WriteYearFirst(out, fields_.year, fields_.month, fields_.day);
   }
 

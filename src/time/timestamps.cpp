@@ -28,6 +28,15 @@ struct Instant {
   std::int32_t remainder;
 };
 
+// Converts, takes the block and prints. Apart from the checks before it, which need no frame on the
+// stack.
+template <std::uint32_t kBytes, typename Instant, typename Print>
+[[gnu::noinline]] ResultText FormatAdmitted(CQXBlockBuffer& arena, Instant instant, Print print) {
+  CalendarFields fields;
+  if (!ToLocalTime(arena, instant.seconds, fields)) return kEmptyText;
+  return FillResult<kBytes>(arena, [&](auto block) { return print(block, instant, fields); });
+}
+
 // The checks of every timestamp in their order, and then the block, which `print` fills.
 template <int kDecimals, std::uint32_t kBytes = 128, typename Print>
 ResultText FormatInstant(CQXBlockBuffer& arena, std::int64_t count, Print print) {
@@ -36,9 +45,7 @@ ResultText FormatInstant(CQXBlockBuffer& arena, std::int64_t count, Print print)
   // Unsigned, so that whatever is negative lies above the limit.
   const auto seconds = static_cast<std::uint64_t>(instant.seconds);
   if (seconds > std::uint64_t{QXFMT_TIME_LIMIT}) return kTimeOutOfRange;
-  CalendarFields fields;
-  if (!ToLocalTime(arena, instant.seconds, fields)) return kEmptyText;
-  return FillResult<kBytes>(arena, [&](auto block) { return print(block, instant, fields); });
+  return FormatAdmitted<kBytes>(arena, instant, print);
 }
 
 // The date part of a dated text: what FormatDate gives for these seconds, and like that in a block
@@ -71,7 +78,8 @@ class DatePart {
 template <int kDecimals>
 ResultText FormatDated(CQXBlockBuffer& arena, std::int64_t count, QXFMT_DATE_FORMAT layout) {
   return FormatInstant<kDecimals>(
-      arena, count, [&](auto block, const auto& instant, const CalendarFields& fields) {
+      arena, count,
+      [&arena, layout](auto block, const auto& instant, const CalendarFields& fields) {
         const DatePart date(arena, instant.seconds, fields, layout);
         return block.Print(date, u' ', TimeOfDay(fields), Fraction<kDecimals>(instant.remainder));
       });
