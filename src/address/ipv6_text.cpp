@@ -57,10 +57,11 @@ Run FindRun(const std::uint8_t* bytes, std::int32_t count) {
 // Prints a group without leading zeros. Touches four units. All four digits are put into one word
 // and the leading ones shifted out: no branch on the length of a group.
 char16_t* WriteGroup(char16_t* out, std::uint32_t high, std::uint32_t low) {
-  const std::int32_t size = CountHexDigits(high << 8 | low);
+  // The last digit always shows.
+  const int zeros = std::countl_zero(high << 24 | low << 16 | 1 << 16) / 4;
   const Lanes digits = kHexPairsLower[high] | Lanes{kHexPairsLower[low]} << 32;
-  StoreLanes(out, digits >> (16 * (4 - size)));
-  return out + size;
+  StoreLanes(out, digits >> (16 * zeros));
+  return out + (4 - zeros);
 }
 
 // Prints groups, each with a colon after it.

@@ -63,9 +63,12 @@ class ShortDecimal {
     if (places > detail::kShortPlaces) return false;
     const auto bits = std::bit_cast<std::uint64_t>(value);
     const int exponent = static_cast<int>(bits >> 52) & 0x7FF;
-    const int shift = detail::kWholeExponent - std::max(exponent, 1);
     // Zeros and subnormal numbers have no hidden bit, and the smallest normal number's exponent.
-    const std::uint64_t hidden = exponent > 0 ? detail::kHiddenBit : 0;
+    // Without a branch here and in ReadFraction, since rates are 0 as often as not.
+    const int is_normal = exponent != 0 ? 1 : 0;
+    const int shift = detail::kWholeExponent - exponent - (1 - is_normal);
+    const std::uint64_t hidden = static_cast<std::uint64_t>(is_normal)
+                                 << (detail::kMantissaBits - 1);
     const std::uint64_t mantissa = (bits & (detail::kHiddenBit - 1)) | hidden;
     negative_ = (bits >> 63) != 0;
     places_ = places;
@@ -97,9 +100,11 @@ class ShortDecimal {
   void ReadFraction(std::uint64_t mantissa, int shift) {
     const std::uint64_t scale = kPowersOfTen[places_];
     if (places_ <= detail::kNarrowPlaces) {
-      // What 2^63 and more divides rounds to 0. Told without a branch: idle links have many zeros.
-      mantissa = shift < 64 ? mantissa : 0;
-      shift = std::min(shift, 63);
+      // Over 2^64 and more it rounds to 0.
+      const int fits = shift < 64 ? 1 : 0;
+      mantissa &= 0 - static_cast<std::uint64_t>(fits);
+      shift |= fits - 1;  // shifts take the low six bits
+      shift &= 63;
       whole_ = mantissa >> shift;
       const std::uint64_t rest = mantissa & ((std::uint64_t{1} << shift) - 1);
       fraction_ = detail::DivideRounded(rest * scale, shift, whole_, places_);
