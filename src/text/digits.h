@@ -147,25 +147,25 @@ inline char16_t* WriteSmall(char16_t* out, std::uint32_t value) {
 
 namespace detail {
 
-// Writes a value below 10000 without leading zeros, but all four digits after a fifth one, which is
-// not 0. Touches four units. The leading zeros are shifted out of one word: no branch on the count
-// of digits, which is as good as random.
-inline char16_t* WriteFour(char16_t* out, std::uint32_t value, std::uint32_t fifth) {
+// Writes a value below 10000. Touches four units. The digits show from the first that is not 0 or
+// whose lane has a bit in `shown`, and what is before is shifted out of one word: no branch on the
+// count of digits, which is as good as random.
+inline char16_t* WriteFour(char16_t* out, std::uint32_t value, Lanes shown) {
   constexpr Lanes kZeros = MakeLanes(u'0', u'0', u'0', u'0');
-  constexpr Lanes kLast = Lanes{1} << 48;  // the last digit always shows
   const std::uint32_t thousands = value / 1000;
   // The comma before the three digits becomes the fourth one.
   const Lanes four = kSmallNumbers.filled[value - thousands * 1000] + (u'0' - u',' + thousands);
-  const int zeros = std::countr_zero((four ^ kZeros) | kLast | fifth) / 16;
+  const int zeros = std::countr_zero((four ^ kZeros) | shown) / 16;
   StoreLanes(out, four >> (16 * zeros));
   return out + (4 - zeros);
 }
 
 }  // namespace detail
 
-// Writes the digits of a value below 10000, without leading zeros. Touches four units.
+// Writes the digits of a value below 10000, `kLeast` of them or more. Touches four units.
+template <int kLeast = 1>
 inline char16_t* WriteUpToFour(char16_t* out, std::uint32_t value) {
-  return detail::WriteFour(out, value, 0);
+  return detail::WriteFour(out, value, Lanes{1} << (16 * (4 - kLeast)));
 }
 
 // Writes the digits of a 16-bit value, without leading zeros. Touches five units.
@@ -173,7 +173,8 @@ inline char16_t* WriteUpToFive(char16_t* out, std::uint32_t value) {
   const std::uint32_t fifth = value / 10000;
   *out = static_cast<char16_t>(u'0' + fifth);
   out += fifth != 0 ? 1 : 0;
-  return detail::WriteFour(out, value - fifth * 10000, fifth);
+  // After a fifth digit all four show.
+  return detail::WriteFour(out, value - fifth * 10000, Lanes{1} << 48 | fifth);
 }
 
 namespace detail {

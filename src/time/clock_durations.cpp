@@ -28,21 +28,12 @@ class Clock {
   char16_t* Write(char16_t* out) const {
     const std::uint32_t minutes = seconds_ / 60;
     const std::uint32_t hours = seconds_ / 3600;
-    out = WriteHours(out, hours);
+    out = hours < 10000 ? WriteUpToFour<2>(out, hours) : WriteWhole(out, hours);
     out = WriteSeparatedPair(out, u':', minutes - hours * 60);
     return WriteSeparatedPair(out, u':', seconds_ - minutes * 60);
   }
 
  private:
-  // Two digits or three without a branch, since spans are as often below 100 hours as above.
-  static char16_t* WriteHours(char16_t* out, std::uint32_t hours) {
-    if (hours >= SmallNumbers::kCount) [[unlikely]]
-      return WriteWhole(out, hours);
-    const int digits = hours < 100 ? 2 : 3;
-    StoreLanes(out, kSmallNumbers.filled[hours] >> (16 * (4 - digits)));
-    return out + digits;
-  }
-
   std::uint32_t seconds_;
 };
 
@@ -80,9 +71,9 @@ ResultText FormatSpan(CQXBlockBuffer& arena, std::int64_t count, QXFMT_DURATION_
     const Minus minus(count < 0);
     const std::uint64_t magnitude = MagnitudeOf(count);
     if (IsWorded(format)) {
+      const std::uint64_t nanoseconds = magnitude * (1'000'000'000 / kUnits);
       RequireStringMemory();
-      return block.Print(
-          minus, DurationWords(kAccuracy<kDecimals>, format, magnitude * (1'000'000'000 / kUnits)));
+      return block.Print(minus, DurationWords(kAccuracy<kDecimals>, format, nanoseconds));
     }
     const auto seconds = static_cast<std::uint32_t>(magnitude / kUnits);
     const Fraction<kDecimals> fraction(static_cast<std::int32_t>(magnitude % kUnits));
@@ -92,8 +83,7 @@ ResultText FormatSpan(CQXBlockBuffer& arena, std::int64_t count, QXFMT_DURATION_
     }
     const Decimal whole(static_cast<std::int32_t>(seconds));
     if constexpr (kDecimals == 0) {  // two digits at least
-      const bool has_one = seconds < 10;
-      return has_one ? block.Print(u'0', whole) : block.Print(whole);
+      return seconds < 10 ? block.Print(u'0', whole) : block.Print(whole);
     }
     if (count == 0) return kPlainZero<kDecimals>.data();
     return block.Print(minus, whole, fraction);
