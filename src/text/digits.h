@@ -2,7 +2,7 @@
 
 // Decimal digits of whole numbers, as 16-bit units.
 
-#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -38,40 +38,38 @@ constexpr SmallNumbers MakeSmallNumbers() {
 
 inline constexpr SmallNumbers kSmallNumbers = detail::MakeSmallNumbers();
 
-// 10^0 to 10^19, all that fit 64 bits.
-inline constexpr std::uint64_t kPowersOfTen[] = {1ULL,
-                                                 10ULL,
-                                                 100ULL,
-                                                 1'000ULL,
-                                                 10'000ULL,
-                                                 100'000ULL,
-                                                 1'000'000ULL,
-                                                 10'000'000ULL,
-                                                 100'000'000ULL,
-                                                 1'000'000'000ULL,
-                                                 10'000'000'000ULL,
-                                                 100'000'000'000ULL,
-                                                 1'000'000'000'000ULL,
-                                                 10'000'000'000'000ULL,
-                                                 100'000'000'000'000ULL,
-                                                 1'000'000'000'000'000ULL,
-                                                 10'000'000'000'000'000ULL,
-                                                 100'000'000'000'000'000ULL,
-                                                 1'000'000'000'000'000'000ULL,
-                                                 10'000'000'000'000'000'000ULL};
+namespace detail {
+
+template <std::uint64_t kBase, std::size_t kCount>
+constexpr std::array<std::uint64_t, kCount> MakePowers() {
+  std::array<std::uint64_t, kCount> powers{};
+  std::uint64_t power = 1;
+  for (std::uint64_t& entry : powers) {
+    entry = power;
+    power *= kBase;  // once too often, which is unsigned and harmless
+  }
+  return powers;
+}
+
+}  // namespace detail
+
+// All that fit 64 bits: 10^0 to 10^19, 1000^0 to 1000^6.
+inline constexpr auto kPowersOfTen = detail::MakePowers<10, 20>();
+inline constexpr auto kPowersOfThousand = detail::MakePowers<1000, 7>();
 
 // Decimal digits of the value, 1 for 0. The bit width times log10(2) = 0.30103 (here 1233 / 4096)
 // is the count or one less than it; one comparison decides.
 inline std::int32_t CountDigits(std::uint64_t value) {
   const auto guess = static_cast<std::int32_t>((std::bit_width(value | 1) * 1233) >> 12);
-  return guess + (static_cast<int>(value >= kPowersOfTen[guess]) | static_cast<int>(value == 0));
+  return guess + (static_cast<int>(value >= kPowersOfTen[static_cast<std::size_t>(guess)]) |
+                  static_cast<int>(value == 0));
 }
 
 // Groups of three digits that follow the first group of a value below 10^18. Likewise: between two
 // powers of 2 lies at most one of 1000, and log1000(2) = 0.10034 (here 411 / 4096).
 inline std::int32_t CountLaterGroups(std::uint64_t value) {
   const auto guess = static_cast<std::int32_t>(((std::bit_width(value | 1) - 1) * 411) >> 12);
-  return guess + static_cast<int>(value >= kPowersOfTen[3 * guess + 3]);
+  return guess + static_cast<int>(value >= kPowersOfThousand[static_cast<std::size_t>(guess) + 1]);
 }
 
 enum class Grouping : std::uint8_t { kNone, kCommas };
@@ -189,7 +187,7 @@ inline char16_t* WriteGroups(char16_t* out, Value value) {
     return out + (kGrouping == Grouping::kCommas ? 4 : 3);
   } else {
     constexpr int kLow = kGroups / 2;
-    constexpr auto kScale = static_cast<Value>(kPowersOfTen[3 * kLow]);
+    constexpr auto kScale = static_cast<Value>(kPowersOfThousand[kLow]);
     const Value high = value / kScale;
     const Value low = value - high * kScale;
     using Narrow = std::conditional_t<kGroups <= 6, std::uint32_t, Value>;  // at most 10^9
@@ -229,24 +227,25 @@ template <Grouping kGrouping = Grouping::kNone, typename Value>
 inline char16_t* WriteWhole(char16_t* out, Value value) {
   constexpr int kLater = detail::kGroupsOf<Value> - 1;
   constexpr std::int32_t kStride = kGrouping == Grouping::kCommas ? 4 : 3;
-  constexpr std::uint64_t kFirstScale = kPowersOfTen[3 * kLater];
+  constexpr std::uint64_t kFirstScale = kPowersOfThousand[kLater];
   if (kGrouping == Grouping::kNone && value < 10000) {
     return WriteUpToFour(out, static_cast<std::uint32_t>(value));
   }
   if (kGrouping == Grouping::kCommas && value < 1000) {
     return WriteSmall(out, static_cast<std::uint32_t>(value));
   }
-  if (sizeof(Value) == 8 && value >= kPowersOfTen[18]) [[unlikely]] {
-    const std::uint64_t first = value / kPowersOfTen[18];
+  if (sizeof(Value) == 8 && value >= kPowersOfThousand[6]) [[unlikely]] {
+    const std::uint64_t first = value / kPowersOfThousand[6];
     out = WriteSmall(out, static_cast<std::uint32_t>(first));
-    return detail::WriteGroups<kGrouping, 6>(out, value - first * kPowersOfTen[18]);
+    return detail::WriteGroups<kGrouping, 6>(out, value - first * kPowersOfThousand[6]);
   }
   const std::int32_t later = CountLaterGroups(value);
-  const std::uint64_t all = std::uint64_t{value} * kPowersOfTen[3 * (kLater - later)];
+  const std::uint64_t all =
+      std::uint64_t{value} * kPowersOfThousand[static_cast<std::size_t>(kLater - later)];
   const std::uint64_t first = all / kFirstScale;
   char16_t* const first_end = WriteSmall(out, static_cast<std::uint32_t>(first));
   detail::WriteGroups<kGrouping, kLater>(first_end, all - first * kFirstScale);
-  return first_end + later * kStride;
+  return first_end + std::ptrdiff_t{kStride} * later;
 }
 
 }  // namespace qxfmt

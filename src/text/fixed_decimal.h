@@ -98,7 +98,7 @@ class ShortDecimal {
  private:
   // mantissa / 2^shift, shift 1 to 1074.
   void ReadFraction(std::uint64_t mantissa, int shift) {
-    const std::uint64_t scale = kPowersOfTen[places_];
+    const std::uint64_t scale = kPowersOfTen[static_cast<std::size_t>(places_)];
     if (places_ <= detail::kNarrowPlaces) {
       // Over 2^64 and more it rounds to 0.
       const int fits = shift < 64 ? 1 : 0;
@@ -142,7 +142,9 @@ class LongDecimal {
   // places: 0 to kMaxPlaces.
   LongDecimal(double value, std::int32_t places, Grouping grouping);
 
-  std::size_t size() const { return static_cast<std::size_t>(size_ + commas_); }
+  std::size_t size() const {
+    return static_cast<std::size_t>(size_) + static_cast<std::size_t>(commas_);
+  }
   char16_t* Write(char16_t* out) const;
 
  private:
