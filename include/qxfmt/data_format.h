@@ -25,8 +25,9 @@ class GrowableText;
 /// one prints that text as it is, a failure text included: "[MEM_ERR] KB".
 ///
 /// Cost: a new object owns no memory until its first result, so that one on the stack for a single
-/// call is cheap. An object that is reset now and then soon allocates nothing more. The one
-/// exception is worded durations: each call allocates a string, and frees it before it returns.
+/// call is cheap. An object that is reset now and then soon allocates nothing more. Only a
+/// worded duration may ask for other memory: where `std::pmr::get_default_resource()` is not the
+/// process's heap, it asks that resource for a string and gives it back.
 ///
 /// Threads: calls on one object must not overlap. Different objects share the settings, which any
 /// thread may change at any time, and the C library's locale and time zone, which may not change
