@@ -87,7 +87,7 @@ template <typename Sink>
 void PutInteger(Sink& sink, const Conversion& conversion, const FormatArgument& argument) {
   const std::uint64_t bits = argument.integer();
   const bool negative = argument.kind() == FormatArgument::Kind::kSigned && (bits >> 63) != 0;
-  if (negative) sink.Put(Unit(u'-'));
+  if (negative) sink.Put(CodeUnit(u'-'));
   const std::uint64_t magnitude = negative ? 0 - bits : bits;
   const std::int32_t digits = std::max(1, conversion.width - (negative ? 1 : 0));
   if (conversion.kind == Kind::kHexUpper) {
@@ -139,7 +139,7 @@ bool FormattedText::PutAll(Sink& sink) const {
     Conversion conversion;
     if (!reader.TakeConversion(conversion)) return false;
     if (conversion.kind == Kind::kPercent) {
-      sink.Put(Unit(u'%'));
+      sink.Put(CodeUnit(u'%'));
     } else {
       if (used == count_ || !Fits(conversion, arguments_[used])) return false;
       PutArgument(sink, conversion, arguments_[used++]);

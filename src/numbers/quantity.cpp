@@ -12,7 +12,7 @@ namespace qxfmt {
 namespace {
 
 struct Choice {
-  int unit;  // index into the tables of units
+  int step;  // index into the scale and the suffixes
   Grouping grouping;
 };
 
@@ -52,30 +52,30 @@ double ToDouble(std::uint64_t value) {
   return (value >> 63) != 0 ? converted + 0x1p64 : converted;
 }
 
-double ScaleValue(const Scale& scale, double value, int unit, std::int32_t /*places*/) {
-  return scale.is_binary ? value * scale.step[unit] : value / scale.step[unit];
+double ScaleValue(const Scale& scale, double value, int step, std::int32_t /*places*/) {
+  return scale.is_binary ? value * scale.factor[step] : value / scale.factor[step];
 }
 
-double ScaleValue(const Scale& scale, std::uint64_t value, int unit, std::int32_t places) {
-  if (scale.is_binary && places < 1) return ToDouble(value >> scale.shift[unit]);
-  return ScaleValue(scale, ToDouble(value), unit, places);
+double ScaleValue(const Scale& scale, std::uint64_t value, int step, std::int32_t places) {
+  if (scale.is_binary && places < 1) return ToDouble(value >> scale.shift[step]);
+  return ScaleValue(scale, ToDouble(value), step, places);
 }
 
-// The text of a unit, in one copy of a fixed size.
-class UnitField {
+// In one copy of a fixed size.
+class SuffixField {
  public:
   static constexpr std::int32_t kMaxSize = 5;
   static constexpr std::int32_t kSlack = 1;
 
-  explicit UnitField(const UnitText& text) : text_(text) {}
+  explicit SuffixField(const Suffix& suffix) : suffix_(suffix) {}
 
   char16_t* Write(char16_t* out) const {
-    std::memcpy(out, text_.units, sizeof(text_.units));
-    return out + text_.size;
+    std::memcpy(out, suffix_.text, sizeof(suffix_.text));
+    return out + suffix_.size;
   }
 
  private:
-  const UnitText& text_;
+  const Suffix& suffix_;
 };
 
 template <typename Value>
@@ -83,15 +83,15 @@ ResultText Format(CQXBlockBuffer& arena, const Quantity& quantity, Value value,
                   QXFMT_BYTES_FORMAT unit_argument, std::int32_t places) {
   return FillResult<128>(arena, [&](auto block) {
     const Choice choice = ChooseUnit(quantity, unit_argument, ToSigned(value));
-    const UnitField unit(quantity.unit_texts[choice.unit]);
+    const SuffixField suffix(quantity.suffixes[choice.step]);
     if (!TakeInnerBlock<kDecimalBlock>(arena)) {
-      return block.Print(kMemoryError, unit);
+      return block.Print(kMemoryError, suffix);
     }
-    const double scaled = ScaleValue(quantity.scale, value, choice.unit, places);
+    const double scaled = ScaleValue(quantity.scale, value, choice.step, places);
     return WithDecimal(scaled, places, choice.grouping, [&](const auto& number) {
-      // A number that is too long for its own block is dropped, and the unit stays.
+      // A number that is too long for its own block is dropped, and the suffix stays.
       const auto limit = static_cast<std::size_t>(DecimalLimit(choice.grouping));
-      return SizeBound(number) < limit ? block.Print(number, unit) : block.Print(unit);
+      return SizeBound(number) < limit ? block.Print(number, suffix) : block.Print(suffix);
     });
   });
 }

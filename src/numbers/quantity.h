@@ -13,18 +13,18 @@
 
 namespace qxfmt {
 
-inline constexpr int kScaleUnits = 5;  // QXFMT_BYTES_B to QXFMT_BYTES_TB
+inline constexpr int kSteps = 5;
 
-// How values scale to the five units.
+// How values scale in five steps, one for each of QXFMT_BYTES_B to QXFMT_BYTES_TB.
 struct Scale {
-  // A value below below[i] takes unit i; one that is below none takes the last.
-  std::int64_t below[kScaleUnits - 1];
+  // A value below below[i] takes step i; one that is below none takes the last.
+  std::int64_t below[kSteps - 1];
   bool is_binary;
-  // The number in unit i is the value times step[i], for a binary scale, or over it.
-  double step[kScaleUnits];
-  // A binary scale shifts an integer without decimals to unit i: what is less than the unit is cut
-  // off and not rounded.
-  int shift[kScaleUnits];
+  // In step i the number is the value times factor[i], for a binary scale, or over it.
+  double factor[kSteps];
+  // A binary scale shifts an integer without decimals to step i: what is less is cut off and not
+  // rounded.
+  int shift[kSteps];
 };
 
 inline constexpr Scale kByteScale = {{1LL << 10, 1LL << 20, 1LL << 30, 1LL << 40},
@@ -35,14 +35,14 @@ inline constexpr Scale kByteScale = {{1LL << 10, 1LL << 20, 1LL << 30, 1LL << 40
 inline constexpr Scale kBitScale = {
     {1'000, 1'000'000, 1'000'000'000, 1'000'000'000'000}, false, {1, 1e3, 1e6, 1e9, 1e12}, {}};
 
-// The text of a unit with the blank before it: " MBps".
-struct UnitText {
-  template <std::size_t kUnits>
-  constexpr UnitText(const char16_t (&text)[kUnits]) : size(kUnits - 1) {
-    for (std::size_t i = 0; i < kUnits; ++i) units[i] = text[i];
+// The text after the number, with the blank before it: " MBps".
+struct Suffix {
+  template <std::size_t kSize>
+  constexpr Suffix(const char16_t (&literal)[kSize]) : size(kSize - 1) {
+    for (std::size_t i = 0; i < kSize; ++i) text[i] = literal[i];
   }
 
-  char16_t units[6]{};
+  char16_t text[6]{};
   std::uint16_t size;
 };
 
@@ -50,7 +50,7 @@ struct UnitText {
 struct Quantity {
   const Scale& scale;
   const Setting<QXFMT_BYTES_FORMAT>& unit_setting;
-  UnitText unit_texts[kScaleUnits];
+  Suffix suffixes[kSteps];
 };
 
 // unit: the caller's argument, QXFMT_BYTES_AUTO where there is none.

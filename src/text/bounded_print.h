@@ -20,7 +20,7 @@ namespace qxfmt {
 
 namespace detail {
 
-inline Unit AsField(char16_t unit) { return Unit(unit); }
+inline CodeUnit AsField(char16_t unit) { return CodeUnit(unit); }
 inline Text AsField(std::u16string_view text) { return Text(text); }
 template <std::size_t kUnits>
 inline Literal<kUnits> AsField(const char16_t (&units)[kUnits]) {

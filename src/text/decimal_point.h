@@ -12,7 +12,7 @@ namespace qxfmt {
 char16_t DecodeDecimalPoint(const char* multibyte);
 
 // The decimal point of the C locale that the calling thread is in: the process's, unless the thread
-// has one of its own. Safe beside other threads that read it; like every print of the C library it
+// has set another one. Safe beside other threads that read it; like every print of the C library it
 // may not overlap a setlocale call.
 inline char16_t DecimalPoint() {
 #if defined(_WIN32)

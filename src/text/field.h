@@ -45,12 +45,12 @@ inline std::size_t SizeBound(const Piece& field) {
 }
 
 // A single unit.
-class Unit {
+class CodeUnit {
  public:
   static constexpr std::int32_t kMaxSize = 1;
   static constexpr std::int32_t kSlack = 0;
 
-  explicit Unit(char16_t unit) : unit_(unit) {}
+  explicit CodeUnit(char16_t unit) : unit_(unit) {}
 
   static constexpr std::size_t size() { return 1; }
 

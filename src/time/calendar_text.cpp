@@ -8,7 +8,7 @@ namespace {
 
 // A month's text and the blank after it, in one copy of a fixed size.
 struct MonthAbbreviation {
-  char16_t units[6];
+  char16_t text[6];
   std::uint16_t size;
 };
 
@@ -20,7 +20,7 @@ constexpr MonthAbbreviation MonthAbbreviations[] = {
 char16_t* WriteMonthName(char16_t* out, std::uint32_t year, std::uint32_t month,
                          std::uint32_t day) {
   const MonthAbbreviation& name = MonthAbbreviations[month - 1];
-  std::memcpy(out, name.units, sizeof(name.units));
+  std::memcpy(out, name.text, sizeof(name.text));
   out = WriteSmall(out + name.size, day);
   out[0] = u',';
   out[1] = u' ';

@@ -66,17 +66,17 @@ bool IsWorded(QXFMT_DURATION_FORMAT format) {
 // A span as a count of units with that many decimals of a second.
 template <int kDecimals>
 ResultText FormatSpan(CQXBlockBuffer& arena, std::int64_t count, QXFMT_DURATION_FORMAT format) {
-  constexpr auto kUnits = static_cast<std::uint64_t>(kUnitsPerSecond<kDecimals>);
+  constexpr auto kScale = static_cast<std::uint64_t>(kPerSecond<kDecimals>);
   return FillResult<128>(arena, [&](auto block) -> ResultText {
     const Minus minus(count < 0);
     const std::uint64_t magnitude = MagnitudeOf(count);
     if (IsWorded(format)) {
-      const std::uint64_t nanoseconds = magnitude * (1'000'000'000 / kUnits);
+      const std::uint64_t nanoseconds = magnitude * (1'000'000'000 / kScale);
       RequireStringMemory();
       return block.Print(minus, DurationWords(kAccuracy<kDecimals>, format, nanoseconds));
     }
-    const auto seconds = static_cast<std::uint32_t>(magnitude / kUnits);
-    const Fraction<kDecimals> fraction(static_cast<std::int32_t>(magnitude % kUnits));
+    const auto seconds = static_cast<std::uint32_t>(magnitude / kScale);
+    const Fraction<kDecimals> fraction(static_cast<std::int32_t>(magnitude % kScale));
     if (format == QXFMT_DURATION_CLOCK) {
       if (count == 0) return kClockZero<kDecimals>.data();
       return block.Print(minus, Clock(seconds), fraction);

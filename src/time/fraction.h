@@ -12,7 +12,7 @@
 namespace qxfmt {
 
 template <int kDecimals>
-inline constexpr auto kUnitsPerSecond = static_cast<std::int64_t>(kPowersOfTen[kDecimals]);
+inline constexpr auto kPerSecond = static_cast<std::int64_t>(kPowersOfTen[kDecimals]);
 
 // The point and the decimals; no text for 0 decimals.
 template <int kDecimals>
@@ -31,7 +31,7 @@ class Fraction {
       if (value_ < 0) [[unlikely]]
         return WriteNegative(out);
       // The point takes the place of the comma before the first three digits.
-      constexpr std::uint32_t kRest = kUnitsPerSecond<kDecimals> / 1'000;
+      constexpr std::uint32_t kRest = kPerSecond<kDecimals> / 1'000;
       const auto value = static_cast<std::uint32_t>(value_);
       StoreLanes(out, kSmallNumbers.filled[value / kRest] ^ (u',' ^ u'.'));
       return WriteThousands<kDecimals / 3 - 1>(out + 4, value % kRest);

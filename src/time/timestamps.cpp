@@ -21,8 +21,8 @@ constexpr ResultText kTimeOutOfRange = u"TIME_OUT_RANGE";
 template <int kDecimals>
 struct Instant {
   explicit Instant(std::int64_t count)
-      : seconds(count / kUnitsPerSecond<kDecimals>),
-        remainder(static_cast<std::int32_t>(count % kUnitsPerSecond<kDecimals>)) {}
+      : seconds(count / kPerSecond<kDecimals>),
+        remainder(static_cast<std::int32_t>(count % kPerSecond<kDecimals>)) {}
 
   std::int64_t seconds;
   std::int32_t remainder;

@@ -17,7 +17,7 @@ constexpr std::int32_t kFields = 7;
 constexpr std::int32_t kSecondsField = 3;
 
 struct UnitWord {
-  char16_t units[2];
+  char16_t text[2];
   std::uint8_t size;
 };
 
@@ -52,12 +52,12 @@ struct DurationFields {
   std::uint32_t values[kFields];
 };
 
-char16_t* WriteUnit(char16_t* out, const UnitWord& word) {
-  std::memcpy(out, word.units, sizeof(word.units));
+char16_t* WriteWord(char16_t* out, const UnitWord& word) {
+  std::memcpy(out, word.text, sizeof(word.text));
   return out + word.size;
 }
 
-constexpr std::uint64_t kFinestUnits[] = {1'000'000'000, 1'000'000, 1'000, 1};  // by accuracy
+constexpr std::uint64_t kFinest[] = {1'000'000'000, 1'000'000, 1'000, 1};  // by accuracy
 
 // An accuracy outside its list ends the words nowhere, and shows no 0.
 bool IsListed(QXFMT_TIME_ACCURACY accuracy) {
@@ -67,7 +67,7 @@ bool IsListed(QXFMT_TIME_ACCURACY accuracy) {
 }  // namespace
 
 bool DurationWords::ShowsValue() const {
-  return nanoseconds_ >= (IsListed(accuracy_) ? kFinestUnits[accuracy_] : 1);
+  return nanoseconds_ >= (IsListed(accuracy_) ? kFinest[accuracy_] : 1);
 }
 
 char16_t* DurationWords::Write(char16_t* out) const {
@@ -76,19 +76,19 @@ char16_t* DurationWords::Write(char16_t* out) const {
   if (!ShowsValue()) {
     if (!IsListed(accuracy_)) return out;
     *out = u'0';
-    return WriteUnit(out + 1, words[last]);
+    return WriteWord(out + 1, words[last]);
   }
   const DurationFields fields(nanoseconds_);
   std::int32_t i = 0;
   if (fields.values[0] >= SmallNumbers::kCount) [[unlikely]] {
     out = WriteWhole(out, fields.values[0]);
-    out = WriteUnit(out, words[0]);
+    out = WriteWord(out, words[0]);
     i = 1;
   }
   // Each field is written, and then passed over if its value is not 0: which ones show is hard to
   // predict.
   for (; i <= last; ++i) {
-    const auto size = WriteUnit(WriteSmall(out, fields.values[i]), words[i]) - out;
+    const auto size = WriteWord(WriteSmall(out, fields.values[i]), words[i]) - out;
     out += size & (0 - static_cast<std::ptrdiff_t>(fields.values[i] > 0));
   }
   return out;
