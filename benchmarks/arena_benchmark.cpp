@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "comparison.h"
 
@@ -34,6 +36,20 @@ void PrintWithReset(std::size_t begin, std::size_t end) {
   }
 }
 
+// As much fresh memory as the blocks of these results, of which each page is touched once: what the
+// system takes for it, whoever asks.
+void TouchFreshMemory(std::size_t begin, std::size_t end) {
+  constexpr std::size_t kBlock = 40;
+  constexpr std::size_t kPage = 4096;
+  constexpr std::size_t kChunk = 1 << 20;
+  std::vector<std::unique_ptr<char[]>> chunks;
+  for (std::size_t left = (end - begin) * kBlock; left > 0; left -= std::min(left, kChunk)) {
+    char* const chunk = chunks.emplace_back(new char[kChunk]).get();
+    for (std::size_t i = 0; i < std::min(left, kChunk); i += kPage) chunk[i] = 1;
+    benchmark::DoNotOptimize(chunk);
+  }
+}
+
 }  // namespace
 
 void AddArenaRows() {
@@ -51,6 +67,8 @@ void AddArenaRows() {
   for (std::size_t count = 1000; count <= 10'000'000 && count <= 64 * ValueCount(); count *= 10) {
     const std::string results = std::to_string(count) + " results ";
     AddRow({results + "without Reset", kOurs, count, [] { return PrintWithoutReset; }});
+    AddRow({results + "without Reset", "their memory, touched", count,
+            [] { return TouchFreshMemory; }});
     AddRow({results + "with Reset", kOurs, count, [] { return PrintWithReset; }});
   }
 }
