@@ -43,11 +43,13 @@ inline constexpr std::array<std::uint32_t, 256> kHexPairsLower =
 inline constexpr std::array<std::uint32_t, 256> kHexPairsUpper =
     detail::MakeHexPairs(kHexDigitsUpper);
 
-// The value of a hexadecimal digit in either case; above 15 for any other unit. The high byte of
-// the unit goes into the result, so that one comparison judges the whole unit.
-inline std::uint32_t HexDigit(char16_t unit) {
-  return kHexDigitValues[unit & 0xFF] | (unit & 0xFF00U);
-}
+// The value of a hexadecimal digit in either case; above 15 for a unit whose low byte is none. The
+// high byte is not looked at.
+inline std::uint32_t LowByteHexDigit(char16_t unit) { return kHexDigitValues[unit & 0xFF]; }
+
+// The same for the whole unit: the high byte goes into the result, so that one comparison judges
+// both.
+inline std::uint32_t HexDigit(char16_t unit) { return LowByteHexDigit(unit) | (unit & 0xFF00U); }
 
 // Hexadecimal digits of the value, 1 for 0.
 inline std::int32_t CountHexDigits(std::uint64_t value) {

@@ -28,6 +28,17 @@ inline void StoreLanes(char16_t* out, Lanes lanes) {
   }
 }
 
+// Reads four units, all of which must exist.
+inline Lanes LoadLanes(const char16_t* units) {
+  if constexpr (std::endian::native == std::endian::little) {
+    Lanes lanes;
+    std::memcpy(&lanes, units, sizeof(lanes));
+    return lanes;
+  } else {
+    return MakeLanes(units[0], units[1], units[2], units[3]);
+  }
+}
+
 // Writes the first two.
 inline void StoreHalf(char16_t* out, Lanes lanes) {
   out[0] = LaneOf(lanes, 0);

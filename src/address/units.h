@@ -1,0 +1,14 @@
+#pragma once
+
+// Reading 16-bit units one by one and four at a time.
+
+#include <cstdint>
+
+#include "text/lanes.h"
+
+namespace qxfmt {
+
+// Above 9 for a unit that is no digit.
+inline std::uint32_t DecimalDigit(char16_t unit) { return std::uint32_t{unit} - u'0'; }
+
+}  // namespace qxfmt
