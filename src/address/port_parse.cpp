@@ -1,18 +1,23 @@
 #include <qxfmt/address.h>
 
+#include "address/units.h"
+
 namespace {
 
 constexpr int kMaxDigits = 5;
 constexpr std::uint32_t kMaxPort = 65535;
 
 bool ReadPort(WideText text, std::uint16_t& port) {
-  if (text == nullptr || *text == u'\0') return false;
-  std::uint32_t value = 0;
-  for (int i = 0; text[i] != u'\0'; ++i) {
-    if (i == kMaxDigits || text[i] < u'0' || text[i] > u'9') return false;
-    value = value * 10 + (std::uint32_t{text[i]} - u'0');
+  if (text == nullptr) return false;
+  std::uint32_t value = qxfmt::DecimalDigit(text[0]);
+  if (value > 9) return false;
+  int digits = 1;
+  for (; digits < kMaxDigits; ++digits) {
+    const std::uint32_t digit = qxfmt::DecimalDigit(text[digits]);
+    if (digit > 9) break;
+    value = value * 10 + digit;
   }
-  if (value > kMaxPort) return false;
+  if (text[digits] != u'\0' || value > kMaxPort) return false;
   port = static_cast<std::uint16_t>(value);
   return true;
 }
