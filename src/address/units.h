@@ -1,6 +1,6 @@
 #pragma once
 
-// Reading 16-bit units one by one and four at a time.
+// Judging the units of an address.
 
 #include <cstdint>
 
