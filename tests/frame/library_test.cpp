@@ -8,12 +8,13 @@
 
 namespace {
 
-thread_local std::size_t allocations = 0;
-thread_local std::size_t allocated = 0;
+// Of this thread.
+thread_local bool refuses_memory = false;
+thread_local int allocations = 0;
 
-void* Count(std::size_t size) {
+void* Allocate(std::size_t size) {
+  if (refuses_memory) return nullptr;
   ++allocations;
-  allocated += size;
   return std::malloc(size);
 }
 
@@ -22,64 +23,73 @@ void* Count(std::size_t size) {
 // Every form that the arena and the standard containers use. Not inlined: g++ would take a free
 // that it sees directly for one that does not match its new.
 void* operator new(std::size_t size) {
-  if (void* const memory = Count(size)) return memory;
+  if (void* const memory = Allocate(size)) return memory;
   throw std::bad_alloc();
 }
-void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return Count(size); }
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  return Allocate(size);
+}
 [[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
 [[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
   std::free(memory);
 }
 
-using namespace qxfmt::test;
-
-TEST(Library, OneAllocationForAResultAndNoneInTheSteadyState) {
+// Chunks of 1, 4, 16, 64, 256 KiB, and from then on of 1 MiB; and none once there is enough.
+TEST(Library, TakesMemoryInGrowingChunks) {
+  constexpr int kChunks = 8;
+  constexpr int kInAllButTheLast = 2446336 / 50;  // a few less, for what is left at their ends
+  int results = 0;
   allocations = 0;
   CQXDataFormat format;
-  EXPECT_EQ(allocations, 0U);
-  format.FormatByte(1536, 2);
-  EXPECT_EQ(allocations, 1U);
-  for (int round = 0; round < 10; ++round) {
-    if (round == 1) allocations = 0;
-    for (std::uint64_t i = 0; i < 5000; ++i) format.FormatBytePerSecond(i * i * i);
-    format.Reset();
-  }
-  EXPECT_EQ(allocations, 0U);
+  for (; allocations < kChunks; ++results) format.FormatMacAddress(0);
+  EXPECT_NEAR(results, kInAllButTheLast, 8);
+  format.Reset();
+  for (; results > 0; --results) format.FormatMacAddress(0);
+  EXPECT_EQ(allocations, kChunks);
 }
 
-TEST(Library, AMillionResultsCostTheirBlocks) {
-  constexpr std::size_t kResults = 1'000'000;
-  CQXDataFormat format;
-  allocated = 0;
-  const ResultText first = format.FormatNumber(std::uint16_t{1}, 0);
-  for (std::size_t i = 1; i < kResults; ++i) format.FormatNumber(static_cast<std::uint16_t>(i), 0);
-  EXPECT_EQ(Utf8(first), "1");
-  EXPECT_LT(allocated, kResults * 64 * 11 / 10);
-}
-
-TEST(Library, ResetForgetsTheZone) {
-  CQXDataFormat format;
-  for (const char* const zone : {"AAA-8", "AAA8", "AAA-8"}) {
-    setenv("TZ", zone, 1);
-    tzset();
-    format.Reset();
-    for (int i = 0; i < 9; ++i) {
-      EXPECT_EQ(Utf8(format.FormatTime(1700000000)), zone[3] == '-' ? "06:13:20" : "14:13:20");
-    }
-  }
-}
-
-TEST(Library, TwoThreadsOnTwoFormatters) {
+// Texts that fill their blocks, in new chunks and then in kept ones; on two threads.
+TEST(Library, ResultsStayIntactUntilReset) {
   const auto work = [] {
     CQXDataFormat format;
-    for (std::uint64_t i = 1; i <= 20000; ++i) {
-      QXFMT_SetByteFormat(QXFMT_BYTES_AUTO);
-      const std::uint64_t kilobytes = i % 1000 + 1;
-      EXPECT_EQ(Utf8(format.FormatByte(1024 * kilobytes, 1)), std::to_string(kilobytes) + ".0 KB");
-      if (i % 500 == 0) format.Reset();
+    for (const int results : {3000, 6000}) {
+      format.Reset();
+      std::vector<std::pair<ResultText, std::string>> kept;
+      for (int i = 0; i < results; ++i) {
+        const double number = 1e95 + 1e91 * i;
+        kept.emplace_back(format.FormatNumberEx(number, 0, 1), WithCommas(Exact(number, 0)));
+        kept.emplace_back(format.FormatPercentage(i), WithCommas(std::to_string(100 * i)) + "%");
+      }
+      for (const auto& [result, text] : kept) ASSERT_EQ(Utf8(result), text);
     }
   };
   std::thread other(work);
   work();
   other.join();
+}
+
+TEST(Library, WorksAgainAfterRefusedMemory) {
+  CQXDataFormat format;
+  const ResultText kept = format.FormatNumber(1, 0);
+  refuses_memory = true;
+  const ResultText without_first_chunk = CQXDataFormat().FormatNumber(1, 0);
+  ResultText without_second_chunk = nullptr;
+  for (int i = 0; i < 10; ++i) without_second_chunk = format.FormatDecimal(0.5);
+  refuses_memory = false;
+  EXPECT_EQ(Utf8(without_first_chunk), "[MEM_ERR]");
+  EXPECT_EQ(Utf8(without_second_chunk), "[MEM_ERR]");
+  EXPECT_EQ(Utf8(format.FormatDecimal(0.5)), "0.50");
+  EXPECT_EQ(Utf8(kept), "1");
+}
+
+TEST(Library, ResetForgetsTheZone) {
+  CQXDataFormat format;
+  const std::pair<const char*, const char*> zones[] = {
+      {"AAA-8", "06:13:20"}, {"AAA8", "14:13:20"}, {"AAA-8", "06:13:20"}};
+  for (const auto& [zone, text] : zones) {
+    setenv("TZ", zone, 1);
+    tzset();
+    format.Reset();
+    for (int i = 0; i < 9; ++i) EXPECT_EQ(Utf8(format.FormatTime(1700000000)), text) << zone;
+  }
 }

@@ -1,93 +1,98 @@
 // Dates, times of day and timestamps with a fraction, in a zone of fixed offset. The rules of real
 // zones are swept in zone_sweep_test.cpp.
 
+#include <map>
+
 #include "support/local_time_probe.h"
 #include "support/test.h"
 
-using namespace qxfmt::test;
-using std::placeholders::_1;
-using F = CQXDataFormat;
 using Layout = QXFMT_DATE_FORMAT;
 using Accuracy = QXFMT_TIME_ACCURACY;
 
-// By accuracy.
-constexpr ResultText (F::*kDated[])(std::int64_t, Layout) = {
-    &F::FormatDateTime, &F::FormatMSecondDataTime, &F::FormatHiResDateTime,
-    &F::FormatMaxHiResDateTime};
-constexpr ResultText (F::*kUndated[])(std::int64_t) = {&F::FormatTime, &F::FormatMSecondTime,
-                                                       &F::FormatHiResTime, &F::FormatMaxHiResTime};
+constexpr auto kYmd = QXFMT_DATE_YMD;
+const Sizes kTwo = {128, 128};
 
-// A call's text and blocks; its one zone conversion, and a failed one; its text without blocks.
-static void Expect(std::string text, Sizes blocks, std::function<ResultText(F*)> call) {
-  ArenaScript arena;
-  F format;
-  zone_conversions = 0;
-  EXPECT_EQ(Utf8(call(&format)), text);
-  EXPECT_EQ(zone_conversions, blocks.empty() ? 0 : 1) << text;
+// Also with a zone that cannot be told: what takes a block asks for it once, before, and then gives
+// the empty text.
+void ExpectStamps(const std::vector<Row>& rows) {
+  UseZone("CST-8");
+  ExpectRows(rows);
   zone_conversion_fails = true;
-  EXPECT_EQ(Utf8(call(&format)), blocks.empty() ? text : "");
-  zone_conversion_fails = false;
-  EXPECT_EQ(arena.TakeSizes(), blocks) << text;
-  arena.Refuse(blocks.size() + 1);
-  EXPECT_EQ(Utf8(call(&format)),
-            blocks.size() == 2 ? "[MEM_ERR]" + text.substr(text.rfind(' ')) : text);
-  arena.RefuseAll();
-  EXPECT_EQ(Utf8(call(&format)), blocks.empty() ? text : "[MEM_ERR]");
-}
-
-// The text of the dated operation; those of the undated one and of the bare date are its parts.
-void ExpectStamp(int accuracy, std::int64_t count, std::string text, Layout layout = Layout(1)) {
-  const std::size_t blank = text.rfind(' ');
-  const std::string date = text.substr(0, blank);
-  const std::string time = text.substr(blank + 1);
-  const std::size_t one = date == time ? 0 : 1;
-  const Sizes blocks(date.empty() ? one : 2 * one, 128);
-  Expect(text, blocks, std::bind(kDated[accuracy], _1, count, layout));
-  Expect(time, Sizes(one, accuracy == 0 ? 64 : 128), std::bind(kUndated[accuracy], _1, count));
-  if (accuracy == 0) Expect(date, Sizes(one, 128), std::bind(&F::FormatDate, _1, count, layout));
-}
-
-TEST(Timestamps, Limits) {
-  UseZone("CST-8");
-  for (const int accuracy : {0, 1, 2, 3}) {
-    ExpectStamp(accuracy, 0, "");
-    ExpectStamp(accuracy, -1000000000, "TIME_OUT_RANGE");
-    ExpectStamp(accuracy, INT64_MIN, "TIME_OUT_RANGE");
+  for (const Row& row : rows) {
+    ArenaScript arena;
+    CQXDataFormat format;
+    zone_conversions = 0;
+    EXPECT_EQ(Utf8(row.call(format)), row.blocks.empty() ? row.text : "") << row.name;
+    EXPECT_EQ(zone_conversions, row.blocks.empty() ? 0 : 1) << row.name;
+    EXPECT_EQ(arena.TakeSizes(), Sizes{}) << row.name;
   }
-  ExpectStamp(0, QXFMT_TIME_LIMIT, "3000/01/01 00:00:00");
-  ExpectStamp(0, QXFMT_TIME_LIMIT + 1, "TIME_OUT_RANGE");
-  // Within the first second there is a time of day, but no date.
-  ExpectStamp(1, 500, " 08:00:00.500");
-  ExpectStamp(1, 32503651200999, "3000/01/01 00:00:00.999");
-  ExpectStamp(2, 32503651201000000, "TIME_OUT_RANGE");
-  ExpectStamp(3, INT64_MAX, "2262/04/12 07:47:16.854775807");
+  zone_conversion_fails = false;
 }
 
-TEST(Timestamps, LayoutsAndMonths) {
-  UseZone("CST-8");
-  const char* const patterns[] = {"%Y/%m/%d", "%Y/%d/%m", "%m/%d/%Y", "%b. %-d, %Y", "%d/%m/%Y"};
-  const char* const fractions[] = {"", ".012", ".012345", ".012345678"};
-  for (const int setting : {4, 6, INT32_MIN, 0}) {
-    QXFMT_SetDateTimeFormat(Layout(setting));
-    for (int i = 0; i < 12 * 9; ++i) {
-      const auto layout = Layout(i % 9 - 1);
-      const int seconds = 1704439805 + i / 9 * 2635200;  // from 2024-01-05 on
-      const int shown = layout == 0 ? setting : layout;
-      std::string text = Strftime(seconds, patterns[shown > 0 && shown < 6 ? shown - 1 : 0]);
-      if (text.find("May.") == 0) text.erase(3, 1);
-      text += Strftime(seconds, " %H:%M:%S");
-      F format;
-      for (int accuracy = 0, unit = 1000000000; unit > 0; ++accuracy, unit /= 1000) {
-        const std::int64_t nanoseconds = seconds * std::int64_t{1000000000} + 12345678;
-        const std::string stamp = text + fractions[accuracy];
-        ExpectStamp(accuracy, nanoseconds / unit, stamp, layout);
-        EXPECT_EQ(Utf8(format.FormatAllDateTime(nanoseconds, Accuracy(accuracy), layout)), stamp);
-        EXPECT_EQ(Utf8(format.FormatAllTime(nanoseconds, Accuracy(accuracy))),
-                  stamp.substr(stamp.rfind(' ') + 1));
-        EXPECT_EQ(*format.FormatAllDateTime(nanoseconds, Accuracy(accuracy + 4), layout), u'\0');
-        EXPECT_EQ(*format.FormatAllTime(nanoseconds, Accuracy(accuracy - 4)), u'\0');
-      }
-      EXPECT_EQ(Utf8(format.FormatOleDateTime(25569 + (seconds + 28800) / 86400.0, layout)), text);
+TEST(Timestamps, FirstAndLastSecond) {
+  ExpectStamps({{CALL(FormatDate(1, kYmd)), "1970/01/01", {128}},
+                {CALL(FormatTime(1)), "08:00:01", {64}},
+                {CALL(FormatDateTime(QXFMT_TIME_LIMIT, kYmd)), "3000/01/01 00:00:00", kTwo,
+                 "[MEM_ERR] 00:00:00"},
+                {CALL(FormatHiResDateTime(32503651200999999, kYmd)), "3000/01/01 00:00:00.999999",
+                 kTwo, "[MEM_ERR] 00:00:00.999999"},
+                {CALL(FormatMaxHiResDateTime(INT64_MAX, kYmd)), "2262/04/12 07:47:16.854775807",
+                 kTwo, "[MEM_ERR] 07:47:16.854775807"},
+                {CALL(FormatMSecondTime(32503651200999)), "00:00:00.999", {128}},
+                // Second 0 has a time of day, but no date; the second before it counts as second 0.
+                {CALL(FormatMSecondDataTime(500, kYmd)), " 08:00:00.500", {128}},
+                {CALL(FormatMSecondDataTime(-50, kYmd)), " 08:00:00.-50", {128}},
+                {CALL(FormatHiResTime(-5)), "08:00:00.-00005", {128}},
+                {CALL(FormatMaxHiResTime(-999999999)), "08:00:00.-999999999", {128}}});
+}
+
+// What is cut off to 0 is 0.
+TEST(Timestamps, ZeroAndOutOfRange) {
+  for (const std::int64_t count : {std::int64_t{0}, std::int64_t{-1000000000}, INT64_MIN}) {
+    const char* const text = count == 0 ? "" : "TIME_OUT_RANGE";
+    ExpectStamps({{CALL(FormatDate(count, kYmd)), text}});
+    for (const int accuracy : {0, 1, 2, 3}) {
+      ExpectStamps({{CALL(FormatAllDateTime(count, Accuracy(accuracy), kYmd)), text},
+                    {CALL(FormatAllTime(count, Accuracy(accuracy))), text}});
     }
   }
+  ExpectStamps({{CALL(FormatDateTime(QXFMT_TIME_LIMIT + 1, kYmd)), "TIME_OUT_RANGE"},
+                {CALL(FormatHiResTime(32503651201000000)), "TIME_OUT_RANGE"},
+                {CALL(FormatAllTime(-999999999, Accuracy(0))), ""},
+                {CALL(FormatAllDateTime(999999, Accuracy(1), kYmd)), ""},
+                {CALL(FormatAllDateTime(1, Accuracy(4), kYmd)), ""},
+                {CALL(FormatAllTime(1, Accuracy(-1))), ""}});
+}
+
+// At one instant, in a layout that stands for itself or comes from the setting.
+void ExpectDates(std::int64_t seconds, Layout layout, const std::string& date) {
+  const std::string time = Strftime(seconds, "%H:%M:%S");
+  const std::int64_t nanoseconds = seconds * 1'000'000'000 + 12'345'678;
+  CQXDataFormat format;
+  EXPECT_EQ(Utf8(format.FormatDate(seconds, layout)), date);
+  for (const auto& [accuracy, fraction] :
+       {std::pair(0, ""), {1, ".012"}, {2, ".012345"}, {3, ".012345678"}}) {
+    EXPECT_EQ(Utf8(format.FormatAllTime(nanoseconds, Accuracy(accuracy))), time + fraction);
+    EXPECT_EQ(Utf8(format.FormatAllDateTime(nanoseconds, Accuracy(accuracy), layout)),
+              date + " " + time + fraction);
+  }
+}
+
+TEST(Timestamps, LayoutsOfAllMonths) {
+  constexpr std::int64_t kMonth = 2635200;
+  std::map<int, const char*> patterns = {
+      {2, "%Y/%d/%m"}, {3, "%m/%d/%Y"}, {4, "%b. %-d, %Y"}, {5, "%d/%m/%Y"}};
+  UseZone("CST-8");
+  for (int month = 0; month < 12; ++month) {
+    const std::int64_t seconds = 1704439805 + month * kMonth;  // from 2024-01-05 on
+    for (int shown = -1; shown <= 7; ++shown) {
+      std::string date = Strftime(seconds, patterns.contains(shown) ? patterns[shown] : "%Y/%m/%d");
+      if (date.starts_with("May.")) date.erase(3, 1);
+      QXFMT_SetDateTimeFormat(Layout(shown));
+      ExpectDates(seconds, QXFMT_DATE_DEFAULT, date);
+      QXFMT_SetDateTimeFormat(QXFMT_DATE_MONTH_NAME);
+      if (shown != QXFMT_DATE_DEFAULT) ExpectDates(seconds, Layout(shown), date);
+    }
+  }
+  QXFMT_SetDateTimeFormat(QXFMT_DATE_DEFAULT);
 }
