@@ -178,6 +178,7 @@ bool ReadIpv6(const char16_t* const text, std::uint8_t* address) {
       if (unit != u':') break;
     }
     if (token.count == 0) [[unlikely]] {
+      // The second colon of the only "::".
       if (next >= last || at[-1] != u':') return false;
       end = last + (end - next);
       next = last;
@@ -190,7 +191,8 @@ bool ReadIpv6(const char16_t* const text, std::uint8_t* address) {
 
   const bool has_gap = next >= last;
   if (!PutEnd(text, at, token, has_gap, next, end)) return false;
-  if ((seen & kHighBytes) != 0 || has_gap == (next == end)) return false;
+  // A "::" stands for at least one group.
+  if (has_gap == (next == end) || (seen & kHighBytes) != 0) return false;
   if (address != nullptr) Join(first, has_gap ? next - kAddressBytes : zeros, address);
   return true;
 }
