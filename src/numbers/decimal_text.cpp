@@ -13,6 +13,16 @@ namespace qxfmt {
 
 namespace {
 
+// One for each grouping, which is a constant then.
+template <Grouping kGrouping>
+ResultText FormatPlaces(CQXBlockBuffer& arena, double value, std::int32_t places) {
+  return FillResult<kDecimalBlock>(arena, [=](auto block) {
+    return WithDecimal(value, places, kGrouping, [=](const auto& decimal) {
+      return block.PrintWithin(DecimalLimit(kGrouping), decimal);
+    });
+  });
+}
+
 template <std::uint32_t kBytes>
 ResultText FormatTwoPlaces(CQXBlockBuffer& arena, double value) {
   return FillResult<kBytes>(arena, [value](auto block) {
@@ -25,13 +35,11 @@ ResultText FormatTwoPlaces(CQXBlockBuffer& arena, double value) {
 
 }  // namespace qxfmt
 
+using qxfmt::Grouping;
+
 ResultText CQXDataFormat::FormatNumberEx(double value, std::int32_t places, std::int32_t grouped) {
-  return qxfmt::FillResult<qxfmt::kDecimalBlock>(blocks_, [=](auto block) {
-    const qxfmt::Grouping grouping = qxfmt::GroupingOf(grouped);
-    return qxfmt::WithDecimal(value, places, grouping, [=](const auto& decimal) {
-      return block.PrintWithin(qxfmt::DecimalLimit(grouping), decimal);
-    });
-  });
+  return grouped != 0 ? qxfmt::FormatPlaces<Grouping::kCommas>(blocks_, value, places)
+                      : qxfmt::FormatPlaces<Grouping::kNone>(blocks_, value, places);
 }
 
 ResultText CQXDataFormat::FormatNumber(double value, std::int32_t grouped) {

@@ -63,13 +63,9 @@ class ShortDecimal {
     if (places > detail::kShortPlaces) return false;
     const auto bits = std::bit_cast<std::uint64_t>(value);
     const int exponent = static_cast<int>(bits >> 52) & 0x7FF;
-    // Zeros and subnormal numbers have no hidden bit, and the smallest normal number's exponent.
-    // Without a branch here and in ReadFraction, since rates are 0 as often as not.
-    const int is_normal = exponent != 0 ? 1 : 0;
-    const int shift = detail::kWholeExponent - exponent - (1 - is_normal);
-    const std::uint64_t hidden = static_cast<std::uint64_t>(is_normal)
-                                 << (detail::kMantissaBits - 1);
-    const std::uint64_t mantissa = (bits & (detail::kHiddenBit - 1)) | hidden;
+    const int shift = detail::kWholeExponent - exponent;
+    // Zeros and subnormal numbers have no hidden bit, but they are 0 in all these places anyway.
+    const std::uint64_t mantissa = (bits & (detail::kHiddenBit - 1)) | detail::kHiddenBit;
     negative_ = (bits >> 63) != 0;
     places_ = places;
     grouping_ = grouping;
@@ -96,11 +92,11 @@ class ShortDecimal {
   }
 
  private:
-  // mantissa / 2^shift, shift 1 to 1074.
+  // mantissa / 2^shift, shift 1 to 1075.
   void ReadFraction(std::uint64_t mantissa, int shift) {
     const std::uint64_t scale = kPowersOfTen[static_cast<std::size_t>(places_)];
     if (places_ <= detail::kNarrowPlaces) {
-      // Over 2^64 and more it rounds to 0.
+      // Over 2^64 and more it rounds to 0. Without a branch, since rates are 0 as often as not.
       const int fits = shift < 64 ? 1 : 0;
       mantissa &= 0 - static_cast<std::uint64_t>(fits);
       shift |= fits - 1;  // shifts take the low six bits
