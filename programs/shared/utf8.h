@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace examples {
+namespace programs {
 
 namespace detail {
 
@@ -91,4 +91,4 @@ inline std::u16string FromUtf8(std::string_view bytes) {
   return text;
 }
 
-}  // namespace examples
+}  // namespace programs

@@ -1,4 +1,4 @@
-#include "traffic_meter/addresses.h"
+#include "meter/addresses.h"
 
 #include <ifaddrs.h>
 #include <netinet/in.h>

@@ -1,4 +1,4 @@
-#include "traffic_meter/rates.h"
+#include "meter/rates.h"
 
 #include <utility>
 

@@ -19,12 +19,12 @@
 
 #include <qxfmt/qxfmt.h>
 
-#include "traffic_meter/addresses.h"
-#include "traffic_meter/counters.h"
-#include "traffic_meter/options.h"
-#include "traffic_meter/rates.h"
-#include "traffic_meter/table.h"
-#include "utf8.h"
+#include "meter/addresses.h"
+#include "meter/counters.h"
+#include "meter/options.h"
+#include "meter/rates.h"
+#include "meter/table.h"
+#include "shared/utf8.h"
 
 namespace meter {
 
@@ -132,7 +132,7 @@ std::string Stamp(CQXDataFormat& format, const Options& options, Clock::duration
   const std::uint32_t uptime = ReadUptime(options.root);
   text += uptime == 0 ? u"-" : format.FormatDurationSecond(uptime, options.words);
   text += u'\n';
-  return examples::ToUtf8(text);
+  return programs::ToUtf8(text);
 }
 
 ResultText ClockText(CQXDataFormat& format, Clock::duration span) {
@@ -164,7 +164,7 @@ std::string RateTable(CQXDataFormat& format, const Options& options, const Round
 void KeepToEncoding(Options& options) {
   if (options.words != QXFMT_DURATION_WORDS_CN) return;
   if (std::strcmp(::nl_langinfo(CODESET), "UTF-8") == 0) return;
-  std::fputs("traffic_meter: English words: the locale's encoding is not UTF-8\n", stderr);
+  std::fputs("qxfmt-meter: English words: the locale's encoding is not UTF-8\n", stderr);
   options.words = QXFMT_DURATION_WORDS_EN;
 }
 
@@ -213,10 +213,10 @@ int main(int argc, char** argv) {
     }
     meter::Run(options);
   } catch (const meter::UsageError& error) {
-    std::fprintf(stderr, "traffic_meter: %s\n\n%s", error.what(), meter::kUsage);
+    std::fprintf(stderr, "qxfmt-meter: %s\n\n%s", error.what(), meter::kUsage);
     return 2;
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "traffic_meter: %s\n", error.what());
+    std::fprintf(stderr, "qxfmt-meter: %s\n", error.what());
     return 1;
   }
 }

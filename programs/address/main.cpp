@@ -1,6 +1,6 @@
 // Says what each address typed in is, in every form that the library has.
 //
-//   $ address_lookup 10.0.0.1/24
+//   $ qxfmt-address 10.0.0.1/24
 //   10.0.0.1/24
 //     IPv4     10.0.0.1
 //     mask     255.255.255.0
@@ -14,15 +14,15 @@
 
 #include <qxfmt/qxfmt.h>
 
-#include "utf8.h"
+#include "shared/utf8.h"
 
 namespace {
 
-using examples::FromUtf8;
-using examples::ToUtf8;
+using programs::FromUtf8;
+using programs::ToUtf8;
 
 constexpr std::string_view kHelp =
-    "Usage: address_lookup [-h | --help] [ADDRESS...]\n"
+    "Usage: qxfmt-address [-h | --help] [ADDRESS...]\n"
     "Prints each ADDRESS, or each line of standard input if there are none, in all its forms:\n"
     "  IPv4 address         10.0.0.1\n"
     "  with netmask         10.0.0.1/24, 10.0.0.1/255.255.255.0, '10.0.0.1 255.255.255.0'\n"
@@ -177,13 +177,13 @@ std::string Shown(std::u16string text) {
 
 bool Judge(std::string_view typed) {
   if (typed.size() > kMaxBytes) {
-    std::cerr << "address_lookup: " << Shown(FromUtf8(typed.substr(0, 40))) << "...: too long\n";
+    std::cerr << "qxfmt-address: " << Shown(FromUtf8(typed.substr(0, 40))) << "...: too long\n";
     return false;
   }
   const std::u16string text = FromUtf8(typed);
   const Lookup lookup(text);
   if (!lookup.accepted()) {
-    std::cerr << "address_lookup: " << Shown(text) << ": " << lookup.reason() << "\n";
+    std::cerr << "qxfmt-address: " << Shown(text) << ": " << lookup.reason() << "\n";
     return false;
   }
   std::cout << Shown(text) << "\n" << lookup.forms();
@@ -220,7 +220,7 @@ int main(int argc, char** argv) {
       return std::cout.flush() ? 0 : 2;
     }
     if (IsUnknownOption(argument)) {
-      std::cerr << "address_lookup: unknown option " << Shown(FromUtf8(argument))
+      std::cerr << "qxfmt-address: unknown option " << Shown(FromUtf8(argument))
                 << "; see --help\n";
       return 2;
     }

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "traffic_meter/counters.h"
+#include "meter/counters.h"
 
 namespace meter {
 

@@ -1,4 +1,4 @@
-#include "traffic_meter/options.h"
+#include "meter/options.h"
 
 #include <charconv>
 #include <cstring>
@@ -7,7 +7,7 @@
 namespace meter {
 
 const char* const kUsage =
-    R"(usage: traffic_meter [options]
+    R"(usage: qxfmt-meter [options]
 Shows what this host's network interfaces have carried, and then what they carry.
 
   -i, --interval SECONDS  time between two readings, 0.1 to 3600 (default 1)

@@ -1,4 +1,4 @@
-#include "traffic_meter/counters.h"
+#include "meter/counters.h"
 
 #include <cerrno>
 #include <cstring>
