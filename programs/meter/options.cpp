@@ -1,7 +1,9 @@
 #include "meter/options.h"
 
-#include <charconv>
+#include <cstdio>
 #include <cstring>
+#include <locale>
+#include <sstream>
 #include <string_view>
 
 namespace meter {
@@ -58,10 +60,11 @@ class Arguments {
   template <typename Number>
   Number ValueWithin(Number least, Number most, const char* wanted) {
     const std::string value = Value();
+    std::istringstream text(value);  // not std::from_chars, which libc++ 16 lacks for a double
+    text.imbue(std::locale::classic());
     Number number{};
-    const char* const end = value.data() + value.size();
-    const auto [stop, error] = std::from_chars(value.data(), end, number);
-    if (error != std::errc() || stop != end || !(number >= least && number <= most)) {
+    if (value.find_first_not_of("0123456789.") != value.npos || !(text >> number) ||
+        text.peek() != EOF || number < least || number > most) {
       Refuse(value, wanted);
     }
     return number;

@@ -73,9 +73,11 @@ TEST(Ipv4, AgreesWithRegularExpressionsOnMutatedTexts) {
 }
 
 TEST(Netmask, EveryLengthAndOctet) {
-  std::uint64_t ones = 0xFFFFFFFF00000000;  // what comes into the low half is the mask, reversed
+  std::uint64_t ones =
+      0xFFFFFFFF00000000;  // what comes into the low half is the mask, in host order
   for (std::uint32_t bits = 0; bits <= 32; ++bits, ones >>= 1) {
-    const std::uint32_t mask = __builtin_bswap32(static_cast<std::uint32_t>(ones));
+    std::uint32_t mask = 0;
+    for (const int shift : {0, 8, 16, 24}) mask |= (ones >> (24 - shift) & 0xFF) << shift;
     EXPECT_EQ(QXFMT_BitsToMask(static_cast<std::uint8_t>(bits)), mask);
     EXPECT_EQ(QXFMT_MaskToBits(mask), bits);
   }

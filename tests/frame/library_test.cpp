@@ -4,6 +4,7 @@
 #include <new>
 #include <thread>
 
+#include "support/platform.h"
 #include "support/test.h"
 
 namespace {
@@ -87,8 +88,7 @@ TEST(Library, ResetForgetsTheZone) {
   const std::pair<const char*, const char*> zones[] = {
       {"AAA-8", "06:13:20"}, {"AAA8", "14:13:20"}, {"AAA-8", "06:13:20"}};
   for (const auto& [zone, text] : zones) {
-    setenv("TZ", zone, 1);
-    tzset();
+    UseZone(zone);
     format.Reset();
     for (int i = 0; i < 9; ++i) EXPECT_EQ(Utf8(format.FormatTime(1700000000)), text) << zone;
   }
