@@ -9,13 +9,6 @@ struct CountedHeap {
   int allocations = 0;     // granted since the thread began
   int live = 0;            // of these, not given back
   int until_refusal = -1;  // granted before one is refused, and then all again; below 0: none is
-
-  // Ends the refusals. Whether there was one since `until_refusal` was set.
-  bool EndRefusal() {
-    const bool refused = until_refusal < 0;
-    until_refusal = -1;
-    return refused;
-  }
 };
 
 inline thread_local constinit CountedHeap heap;

@@ -1,11 +1,13 @@
 #pragma once
 
-// Every public operation as a call whose arguments come from bytes: random ones in a test, a
-// fuzzer's in a fuzz target.
+// Every operation of a formatter as a call whose arguments come from bytes: random ones in a test,
+// a fuzzer's in a fuzz target.
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <functional>
+#include <random>
 #include <span>
 #include <string>
 #include <tuple>
@@ -31,8 +33,8 @@ class Arguments {
     return byte;
   }
 
-  // An integer of any size, a real near one or of any bits, an enumeration's value in or near its
-  // list or anywhere, or what makes itself of arguments.
+  // An integer of any size, a real near one or of any bits, an enumeration's value in its list,
+  // beside it or anywhere, or what makes itself of arguments.
   template <typename Value>
   Value Take() {
     if constexpr (std::is_class_v<Value>) {
@@ -42,212 +44,189 @@ class Arguments {
       return static_cast<Value>(byte < 0xE0 ? byte % 8 - 1 : Take<std::int32_t>());
     } else if constexpr (std::is_floating_point_v<Value>) {
       const std::uint8_t divisor = TakeByte();
-      if (divisor != 0) return static_cast<Value>(Take<std::int64_t>()) / divisor;
-      using Bits = std::conditional_t<sizeof(Value) == 8, std::int64_t, std::int32_t>;
-      return std::bit_cast<Value>(static_cast<Bits>(TakeSigned(sizeof(Value))));
+      const auto integer = Take<std::int64_t>();
+      return static_cast<Value>(divisor != 0 ? static_cast<double>(integer) / divisor
+                                             : std::bit_cast<double>(integer));
     } else {
-      return static_cast<Value>(TakeSigned(TakeByte() % (sizeof(Value) + 1)));
+      const std::size_t bytes = TakeByte() % (sizeof(Value) + 1);
+      std::int64_t value = static_cast<std::int8_t>(bytes > 0 ? TakeByte() : 0);
+      for (std::size_t i = 1; i < bytes; ++i) value = value * 256 + TakeByte();
+      return static_cast<Value>(value);
     }
   }
 
  private:
-  std::int64_t TakeSigned(std::size_t bytes) {
-    std::uint64_t value = 0;
-    for (std::size_t i = 0; i < bytes; ++i) value = value << 8 | TakeByte();
-    const std::size_t unused = bytes == 0 ? 0 : 64 - 8 * bytes;
-    return static_cast<std::int64_t>(value << unused) >> unused;
-  }
-
   std::span<const std::uint8_t> bytes_;
 };
 
-// Octets in a heap area of exactly their size; a null pointer if there are none.
-struct Octets {
-  Octets(Arguments& from, std::int32_t size, std::int32_t most) : count(size) {
-    octets.reserve(static_cast<std::size_t>(std::clamp(size, 0, most)));
-    while (octets.size() < octets.capacity()) octets.push_back(from.TakeByte());
+// Sixteen octets, or fewer, in a heap area of their size.
+struct Octets : std::vector<std::uint8_t> {
+  explicit Octets(Arguments& from) {
+    reserve(std::min(from.TakeByte(), std::uint8_t{16}));
+    while (size() < capacity()) push_back(from.TakeByte());
   }
-  operator const std::uint8_t*() const { return octets.data(); }
-
-  std::int32_t count;  // as the operation is told
-  std::vector<std::uint8_t> octets;
+  operator const std::uint8_t*() const { return size() == 16 ? data() : nullptr; }
 };
 
-struct MacOctets : Octets {
-  explicit MacOctets(Arguments& from) : Octets(from, from.TakeByte() % 11 - 1, 8) {}
-};
-
-struct Ipv6Octets : Octets {
-  explicit Ipv6Octets(Arguments& from) : Octets(from, from.TakeByte() % 8 == 0 ? 0 : 16, 16) {}
-};
-
-// Units up to a zero byte, in a heap area of exactly their size. A byte above 0x7F becomes a unit
-// that has the low byte of an ASCII character but is none. After leading blanks, a text has either
-// up to kLongest units and a terminator, or one unit more and none.
-template <std::size_t kLongest>
-struct Typed {
-  explicit Typed(Arguments& from) {
-    std::u16string text;
-    while (const std::uint8_t byte = from.TakeByte())
-      text += static_cast<char16_t>(byte + (byte & 0x80));
-    const std::size_t first = std::min(text.find_first_not_of(u' '), text.size());
-    units.assign(text.c_str(), text.c_str() + std::min(text.size(), first + kLongest) + 1);
+// Units up to a zero byte, and a terminator, in a heap area of their size; for parsers of texts of
+// at most so many units, leading blanks not counted. A longer text is cut off one unit later, and
+// has no terminator. A byte above 0x7F becomes a unit that has the low byte of an ASCII character
+// but is none.
+struct Units : std::vector<char16_t> {
+  explicit Units(Arguments& from)
+      : longest(std::array{1U, 5U, 15U, 17U, 99U}[from.TakeByte() % 5]) {
+    std::size_t most = longest;
+    while (const std::uint8_t byte = from.TakeByte()) {
+      if (size() + longest == most && byte == ' ') ++most;
+      if (size() <= most) push_back(static_cast<char16_t>(byte + (byte & 0x80)));
+    }
+    if (size() <= most) push_back(u'\0');
+    shrink_to_fit();
   }
-  operator WideText() const { return units.data(); }
+  operator std::u16string_view() const { return {data(), size()}; }
 
-  std::vector<char16_t> units;
+  std::size_t longest;
 };
 
-using AnyText = Typed<10000>;
-
-// A formatter with its protected operations, and with room for a text that is in no block.
+// A formatter with operations of the same form for whatever else there is.
 class Formatter : public CQXDataFormat {
  public:
-  using CQXDataFormat::FormatDataAndUnit;
-  using CQXDataFormat::FormatDuration;
-  using CQXDataFormat::FormatPositiveDataAndUnit;
+  ResultText FormatIntoArea(std::uint32_t address, std::int32_t length) {
+    char16_t area[16];
+    return Keep(FormatIpAddress(address, area, length));
+  }
 
-  // Valid until the next one.
+  ResultText FormatOctets(const Octets& octets) {
+    return FormatMacAddress(octets.data(), static_cast<std::int32_t>(octets.size()));
+  }
+
+  ResultText FormatWords(QXFMT_TIME_ACCURACY accuracy, QXFMT_DURATION_FORMAT format,
+                         std::int64_t nanoseconds, std::int32_t value, const Units& units) {
+    GrowableText text;
+    FormatDuration(accuracy, format, nanoseconds, text);
+    FormatDataAndUnit(value, text, text);
+    FormatPositiveDataAndUnit(value, text.append(units), text);
+    GrowableText other(text);
+    text = other.append_format(u"%s%d", text, value);
+    return Keep(text);
+  }
+
+  // A sum of what the parsers tell that read no more than is there.
+  ResultText Parse(const Units& units, std::uint16_t separator) {
+    std::uint8_t octets[16] = {QXFMT_GetHexValue(units.data())};
+    std::uint64_t told = 0;
+    if (units.longest >= 5) told += QXFMT_GetPortVal(units.data(), nullptr);
+    if (units.longest >= 15) told += QXFMT_GetIpAddress(units.data(), nullptr);
+    if (units.longest >= 17) told += QXFMT_GetMacAddress(units.data(), separator);
+    if (units.longest >= 99) QXFMT_GetIPv6Address(units.data(), octets);
+    for (const std::uint8_t octet : octets) told = told * 31 + octet;
+    return FormatNumber(told, 1);
+  }
+
+  // Whether the text is in no block; it is valid until the next one of this kind.
+  bool IsKept(ResultText text) const { return text == room_; }
+
+ private:
   ResultText Keep(std::u16string_view text) {
     room_[text.copy(room_, std::size(room_) - 1)] = u'\0';
     return room_;
   }
-  bool IsKept(ResultText text) const { return text == room_; }
 
- private:
   char16_t room_[1000];
 };
 
 // An operation with its arguments.
 using Call = std::function<ResultText(Formatter&)>;
 
-struct Operation {
-  const char* name;
-  std::function<Call(Arguments&)> bind;
-};
+// Takes the arguments of an operation.
+using Operation = std::function<Call(Arguments&)>;
 
-class Operations : public std::vector<Operation> {
- public:
-  Operations();
+// An overload of an operation.
+template <typename... Values>
+using Member = ResultText (CQXDataFormat::*)(Values...);
 
- private:
-  // One for each signature.
-  template <typename... Signatures, typename Function>
-  void Add(const char* name, Function function) {
-    (push_back({name, Binding(function, static_cast<Signatures*>(nullptr))}), ...);
-  }
+// An address is given by the area that holds it.
+template <typename Value>
+using Held = std::conditional_t<std::is_pointer_v<Value>, Octets, std::decay_t<Value>>;
 
-  template <typename Function, typename... Values>
-  static auto Binding(Function function, void (*)(Values...)) {
-    return [=](Arguments& from) -> Call {
-      return [=, values = std::tuple<Values...>{from.Take<Values>()...}](Formatter& format) {
-        return std::apply([&](const auto&... value) { return function(format, value...); }, values);
-      };
+template <typename Class, typename... Values>
+Operation Bind(ResultText (Class::*member)(Values...)) {
+  return [member](Arguments& from) -> Call {
+    std::tuple<Held<Values>...> held{from.Take<Held<Values>>()...};
+    return [member, held](Formatter& format) {
+      return std::apply([&](const auto&... values) { return (format.*member)(values...); }, held);
     };
-  }
-};
+  };
+}
 
-inline Operations::Operations() {
-  using i16 = std::int16_t;
+template <typename... Members>
+std::vector<Operation> BindAll(Members... members) {
+  return {Bind(members)...};
+}
+
+inline std::vector<Operation> Operations() {
+  using F = Formatter;
   using i32 = std::int32_t;
-  using i64 = std::int64_t;
-  using u8 = std::uint8_t;
   using u16 = std::uint16_t;
   using u32 = std::uint32_t;
   using u64 = std::uint64_t;
   using Unit = QXFMT_BYTES_FORMAT;
-  using Layout = QXFMT_DATE_FORMAT;
-  using Accuracy = QXFMT_TIME_ACCURACY;
-  using Kind = QXFMT_DURATION_FORMAT;
-#define ADD(name, ...) \
-  Add<__VA_ARGS__>(    \
-      #name, [](Formatter& format, const auto&... values) { return format.name(values...); })
-  ADD(FormatNumber, void(u64, i32), void(i64, i32), void(u32, i32), void(i32, i32), void(u16, i32),
-      void(i16, i32), void(double, i32));
-  ADD(FormatNumberEx, void(double, i32, i32), void(u64, i32, i32));
-  ADD(FormatDecimal, void(float), void(double));
-  ADD(FormatByte, void(u64, i32), void(u64, Unit, i32));
-  ADD(FormatBit, void(u64, i32), void(u64, Unit, i32));
-  ADD(FormatBytePerSecond, void(u64), void(double), void(u64, Unit, i32), void(double, Unit, i32));
-  ADD(FormatBitPerSecond, void(u64), void(double), void(u64, Unit, i32), void(double, Unit, i32));
-  ADD(FormatPercentage, void(i32), void(float));
-  ADD(FormatBinary, void(u8), void(u16), void(u32));
-  ADD(FormatIpAddress, void(u32));
-  ADD(FormatIpPort, void(u32, u16));
-  ADD(FormatMacAddress, void(u64));
-  ADD(FormatIPv6Address, void(Ipv6Octets, QXFMT_IPV6_TYPE));
-  ADD(FormatIpv6Port, void(Ipv6Octets, u16, QXFMT_IPV6_TYPE));
-  ADD(FormatDate, void(i64, Layout));
-  ADD(FormatTime, void(i64));
-  ADD(FormatDateTime, void(i64, Layout));
-  ADD(FormatMSecondDataTime, void(i64, Layout));
-  ADD(FormatHiResDateTime, void(i64, Layout));
-  ADD(FormatMaxHiResDateTime, void(i64, Layout));
-  ADD(FormatMSecondTime, void(i64));
-  ADD(FormatHiResTime, void(i64));
-  ADD(FormatMaxHiResTime, void(i64));
-  ADD(FormatAllDateTime, void(i64, Accuracy, Layout));
-  ADD(FormatAllTime, void(i64, Accuracy));
-  ADD(FormatOleDateTime, void(double, Layout));
-  ADD(FormatDurationSecond, void(u32, Kind));
-  ADD(FormatDurationMSecond, void(i64, Kind));
-  ADD(FormatDurationUSecond, void(i64, Kind));
-  ADD(FormatDurationNSecond, void(i64, Kind));
-  ADD(FormatDurationAllSecond, void(i64, Accuracy, Kind));
-  ADD(FormatHiResTimeRange, void(i64));
-#undef ADD
-  Add<void(u32, i32)>("FormatIpAddress, area", [](Formatter& format, u32 address, i32 length) {
-    char16_t area[16];
-    return format.Keep(format.FormatIpAddress(address, area, length));
-  });
-  Add<void(MacOctets)>("FormatMacAddress, octets", [](Formatter& format, const Octets& octets) {
-    return format.FormatMacAddress(octets, octets.count);
-  });
-  Add<void(MacOctets)>("FormatIPXAddress", [](Formatter& format, const Octets& octets) {
-    return format.FormatIPXAddress(octets, octets.count);
-  });
-  Add<void(Accuracy, Kind, i64, i32)>(
-      "FormatDuration", [](Formatter& format, Accuracy accuracy, Kind kind, i64 span, i32 value) {
-        GrowableText text;
-        format.FormatDuration(accuracy, kind, span, text);
-        format.FormatPositiveDataAndUnit(value, text, text);
-        format.FormatDataAndUnit(value, text, text);
-        return format.Keep(text);
-      });
-  Add<void(u16, AnyText)>("GrowableText", [](Formatter& format, u16 capacity, WideText units) {
-    GrowableText text;
-    text.assign(units).append(text);
-    GrowableText other(text);
-    other.reserve(capacity);
-    other.append_format(u"%s%u", text, capacity);
-    text = other;
-    return format.Keep(text);
-  });
-  // Of the parsers, all that they tell, as one number.
-  Add<void(Typed<15>)>("IPv4", [](Formatter& format, WideText text) {
-    i32 valid;
-    const u64 address = QXFMT_GetIpAddress(text, &valid);
-    return format.FormatNumber(address * 4 + u64(valid * 2 + QXFMT_IsValidIpMask(text)), 1);
-  });
-  Add<void(Typed<5>)>("port", [](Formatter& format, WideText text) {
-    i32 valid;
-    return format.FormatNumber(QXFMT_GetPortVal(text, &valid) * 2 + valid, 1);
-  });
-  Add<void(u8, Typed<17>)>("MAC", [](Formatter& format, u8 separator, WideText text) {
-    return format.FormatNumber(QXFMT_GetMacAddress(text, separator), 1);
-  });
-  Add<void(Typed<1>)>("hexadecimal value", [](Formatter& format, WideText text) {
-    return format.FormatNumber(u16{QXFMT_GetHexValue(text)}, 1);
-  });
-  Add<void(Typed<99>)>("IPv6", [](Formatter& format, WideText text) {
-    u8 address[16] = {};
-    const bool valid = QXFMT_GetIPv6Address(text, address) == 1;
-    return format.FormatIpv6Port(address, valid ? 1 : 0, QXFMT_IPV6_FULL);
-  });
-  Add<void(u8, u32)>("masks", [](Formatter& format, u8 bits, u32 mask) {
-    const u8 more = QXFMT_MaskToBits(mask);
-    return format.FormatIpPort(QXFMT_BitsToMask(bits), u16(more * 2 + QXFMT_IsValidIpMask(mask)));
-  });
+  return BindAll(
+      Member<u64, i32>(&F::FormatNumber), Member<std::int64_t, i32>(&F::FormatNumber),
+      Member<u32, i32>(&F::FormatNumber), Member<i32, i32>(&F::FormatNumber),
+      Member<u16, i32>(&F::FormatNumber), Member<std::int16_t, i32>(&F::FormatNumber),
+      Member<double, i32>(&F::FormatNumber), Member<double, i32, i32>(&F::FormatNumberEx),
+      Member<u64, i32, i32>(&F::FormatNumberEx), Member<float>(&F::FormatDecimal),
+      Member<double>(&F::FormatDecimal), Member<u64, i32>(&F::FormatByte),
+      Member<u64, Unit, i32>(&F::FormatByte), Member<u64, i32>(&F::FormatBit),
+      Member<u64, Unit, i32>(&F::FormatBit), Member<u64>(&F::FormatBytePerSecond),
+      Member<u64, Unit, i32>(&F::FormatBytePerSecond), Member<double>(&F::FormatBytePerSecond),
+      Member<double, Unit, i32>(&F::FormatBytePerSecond), Member<u64>(&F::FormatBitPerSecond),
+      Member<u64, Unit, i32>(&F::FormatBitPerSecond), Member<double>(&F::FormatBitPerSecond),
+      Member<double, Unit, i32>(&F::FormatBitPerSecond), Member<i32>(&F::FormatPercentage),
+      Member<float>(&F::FormatPercentage), Member<std::uint8_t>(&F::FormatBinary),
+      Member<u16>(&F::FormatBinary), Member<u32>(&F::FormatBinary),
+      Member<u32>(&F::FormatIpAddress), Member<u64>(&F::FormatMacAddress), &F::FormatIpPort,
+      &F::FormatIPv6Address, &F::FormatIpv6Port, &F::FormatDate, &F::FormatTime, &F::FormatDateTime,
+      &F::FormatMSecondDataTime, &F::FormatHiResDateTime, &F::FormatMaxHiResDateTime,
+      &F::FormatMSecondTime, &F::FormatHiResTime, &F::FormatMaxHiResTime, &F::FormatAllDateTime,
+      &F::FormatAllTime, &F::FormatOleDateTime, &F::FormatDurationSecond, &F::FormatDurationMSecond,
+      &F::FormatDurationUSecond, &F::FormatDurationNSecond, &F::FormatDurationAllSecond,
+      &F::FormatHiResTimeRange, &F::FormatIntoArea, &F::FormatOctets, &F::FormatWords, &F::Parse);
+}
+
+// All operations, so many times, each with random arguments.
+inline std::vector<Call> RandomCalls(int rounds) {
+  std::mt19937 random(1);
+  std::vector<Call> calls;
+  for (; rounds > 0; --rounds) {
+    for (const Operation& operation : Operations()) {
+      std::vector<std::uint8_t> bytes(64);
+      for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random());
+      Arguments arguments(bytes);
+      calls.push_back(operation(arguments));
+    }
+  }
+  return calls;
+}
+
+// The nine settings, as numbers, and what they are at start.
+inline constexpr std::array<std::int32_t, 9> kStartSettings = {0, 0, 0, 0, 2, 2, 0, 2, 0};
+
+inline void SetSettings(const std::array<std::int32_t, 9>& values) {
+  std::size_t next = 0;
+  const auto set = [&]<typename Value>(void (*setter)(Value)) {
+    setter(static_cast<Value>(values[next++]));
+  };
+  set(QXFMT_SetByteFormat);
+  set(QXFMT_SetBitFormat);
+  set(QXFMT_SetBytePerSecondFormat);
+  set(QXFMT_SetBitPerSecondFormat);
+  set(QXFMT_SetNumberDecimalPlaces);
+  set(QXFMT_SetPercentageDecimalPlaces);
+  set(QXFMT_SetDateTimeFormat);
+  set(QXFMT_SetTimeAccuracy);
+  set(QXFMT_SetDurationFormat);
 }
 
 // What a call gives while one allocation is refused, counted from 0, or none.
@@ -263,15 +242,13 @@ struct Outcome {
     heap.until_refusal = -1;
   }
 
-  // Whether a refusal may give this in place of the whole text: without a block, without the block
-  // of an inner text, or without memory for a string.
+  // Whether a refusal may give this in place of the whole text: for want of a string, of the block,
+  // or of the block of an inner text, whose place the failure then takes.
   bool IsToldFor(std::u16string_view whole) const {
-    const bool in_brackets = whole.starts_with(u'[');
-    const std::size_t rest = std::min(whole.rfind(in_brackets ? u']' : u' '), whole.size());
-    const std::u16string without_inner =
-        (in_brackets ? u"[[MEM_ERR]" : u"[MEM_ERR]") + std::u16string(whole.substr(rest));
-    return text == u"[MEM_ERR]" || text == without_inner || text == u"no memory" ||
-           (whole.empty() && text.starts_with(u"[MEM_ERR] "));  // the unit fits beside that
+    if (text == u"no memory") return true;
+    const std::size_t error = text.find(u"[MEM_ERR]");
+    if (error > 1) return false;
+    return whole.empty() || whole.ends_with(text.substr(error + 9));  // too long with a number
   }
 
   std::u16string_view text;
