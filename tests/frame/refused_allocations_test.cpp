@@ -1,22 +1,9 @@
 // Every allocation of every operation refused, in turn, with the real arena.
 
-#include <memory_resource>
-
 #include "support/operations.h"
 #include "support/test.h"
 
 namespace {
-
-// The heap under another name, so that a short text asks for memory too.
-class Strings : public std::pmr::memory_resource {
-  void* do_allocate(std::size_t size, std::size_t /*alignment*/) override {
-    return ::operator new(size);
-  }
-  void do_deallocate(void* memory, std::size_t /*size*/, std::size_t /*alignment*/) override {
-    ::operator delete(memory);
-  }
-  bool do_is_equal(const memory_resource& other) const noexcept override { return this == &other; }
-};
 
 // Refuses the call's allocation of this number, after so many results in the first chunk, and calls
 // again. False if the call makes fewer allocations.
@@ -36,22 +23,20 @@ bool Refuse(int number, const Call& call, std::u16string_view whole, int results
 
 TEST(RefusedAllocations, EachOfEveryOperation) {
   constexpr int kResults = 25;  // fill the first chunk
-  Strings own;
-  std::pmr::memory_resource* const resources[] = {&own, std::pmr::new_delete_resource()};
   int refusals = 0;
   for (const Call& call : RandomCalls(20)) {
     Formatter format;
     const std::u16string whole(Outcome(call, format).text);
     SCOPED_TRACE(Utf8(whole));
-    for (std::pmr::memory_resource* const resource : resources) {
-      std::pmr::set_default_resource(resource);
+    for (const bool short_texts_too : {false, true}) {
+      UseHeapForShortTexts(short_texts_too);
       const int live = heap.live;
       for (int results = 0; results <= kResults; ++results) {
         for (int number = 0; Refuse(number, call, whole, results); ++number) ++refusals;
         ASSERT_EQ(heap.live, live);
       }
     }
-    std::pmr::set_default_resource(nullptr);
+    UseHeapForShortTexts(false);
   }
   EXPECT_GT(refusals, 10000);
 }

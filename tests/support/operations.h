@@ -24,10 +24,10 @@ class Arguments {
  public:
   explicit Arguments(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
 
-  bool empty() const { return bytes_.empty(); }
+  std::size_t left() const { return bytes_.size(); }
 
   std::uint8_t TakeByte() {
-    if (empty()) return 0;
+    if (bytes_.empty()) return 0;
     const std::uint8_t byte = bytes_.front();
     bytes_ = bytes_.subspan(1);
     return byte;
@@ -93,7 +93,7 @@ class Formatter : public CQXDataFormat {
  public:
   ResultText FormatIntoArea(std::uint32_t address, std::int32_t length) {
     char16_t area[16];
-    return Keep(FormatIpAddress(address, area, length));
+    return Show(FormatIpAddress(address, area, length));
   }
 
   ResultText FormatOctets(const Octets& octets) {
@@ -108,7 +108,7 @@ class Formatter : public CQXDataFormat {
     FormatPositiveDataAndUnit(value, text.append(units), text);
     GrowableText other(text);
     text = other.append_format(u"%s%d", text, value);
-    return Keep(text);
+    return Show(text);
   }
 
   // A sum of what the parsers tell that read no more than is there.
@@ -123,16 +123,11 @@ class Formatter : public CQXDataFormat {
     return FormatNumber(told, 1);
   }
 
-  // Whether the text is in no block; it is valid until the next one of this kind.
-  bool IsKept(ResultText text) const { return text == room_; }
-
  private:
-  ResultText Keep(std::u16string_view text) {
-    room_[text.copy(room_, std::size(room_) - 1)] = u'\0';
-    return room_;
+  // A text that is in no block.
+  ResultText Show(std::u16string_view text) {
+    return FormatNumber(std::uint64_t{std::hash<std::u16string_view>()(text)}, 1);
   }
-
-  char16_t room_[1000];
 };
 
 // An operation with its arguments.
@@ -232,14 +227,13 @@ inline void SetSettings(const std::array<std::int32_t, 9>& values) {
 // What a call gives while one allocation is refused, counted from 0, or none.
 struct Outcome {
   Outcome(const Call& call, Formatter& format, int refused_allocation = -1) {
-    heap.until_refusal = refused_allocation;
+    const Refusal refusal(refused_allocation);
     try {
       text = call(format);
     } catch (const StatusException& failure) {
       text = failure.status() == StatusException::kNoMemory ? u"no memory" : u"failed";
     }
-    refused = refused_allocation >= 0 && heap.until_refusal < 0;
-    heap.until_refusal = -1;
+    refused = refusal.has_happened();
   }
 
   // Whether a refusal may give this in place of the whole text: for want of a string, of the block,
