@@ -1,54 +1,74 @@
+// Patterns and arguments of append_format from the data. Whatever they are:
+//
+// - A pattern that is refused, or an allocation, leaves the text as it was.
+// - A text that is its own pattern, and an argument too, reads like one that lies elsewhere.
+
 #include "fuzzing.h"
+#include "support/operations.h"
+
+using namespace qxfmt::test;
 
 namespace {
 
-// Whether the text took it. A refused format leaves the text as it was.
+// Whether the text takes it, tried first without memory to grow.
 template <typename... Arguments>
-bool Append(GrowableText& text, WideText format, const Arguments&... arguments) {
+bool Append(GrowableText& text, WideText pattern, const Arguments&... arguments) {
   const std::u16string before(text);
-  try {
-    text.append_format(format, arguments...);
-  } catch (const StatusException& failure) {
-    Check(failure.status() == StatusException::kFailed && before == std::u16string_view(text));
-    return false;
+  for (const int refused_allocation : {0, -1}) {
+    const Refusal refusal(refused_allocation);
+    try {
+      text.append_format(pattern, arguments...);
+      Check(std::u16string_view(text).starts_with(before));
+      return true;
+    } catch (const StatusException& failure) {
+      Check(before == std::u16string_view(text));
+      if (failure.status() == StatusException::kFailed) return false;
+      Check(failure.status() == StatusException::kNoMemory && refusal.has_happened());
+    }
   }
-  Check(std::u16string_view(text).substr(0, before.size()) == before);
-  return true;
+  return false;
 }
 
-// A text that is its own format, and an argument too, reads like a format that lies elsewhere.
+// What is passed where the pattern lies elsewhere, the C library's print of it, and where the text
+// is its own pattern.
 template <typename... Arguments>
-void CheckFormat(WideText format, const Arguments&... arguments) {
+void CheckPattern(WideText pattern, const Arguments&... arguments) {
   GrowableText apart;
-  const bool taken = Append(apart, format, arguments...);
+  const bool taken = Append(apart, pattern, arguments...);
   GrowableText own;
-  own.assign(format);
+  own.assign(pattern);
   own.reserve(own.size() + apart.size() * (apart.size() % 2));  // in place, or while it grows
   Check(Append(own, own.c_str(), arguments...) == taken);
-  Check(!taken || std::u16string(own) == std::u16string(format) + std::u16string(apart));
+  Check(!taken || std::u16string(own) == std::u16string(pattern) + std::u16string(apart));
   Append(own, own.c_str(), own, std::u16string_view(own), arguments...);
+}
+
+qxfmt::FormatArgument TakeArgument(Arguments& from, WideText text) {
+  const std::uint8_t kind = from.TakeByte();
+  const auto value = from.Take<std::int64_t>();
+  const qxfmt::FormatArgument arguments[] = {
+      qxfmt::FormatArgument(value),
+      qxfmt::FormatArgument(static_cast<std::uint64_t>(value)),
+      qxfmt::FormatArgument(static_cast<std::int32_t>(value)),
+      qxfmt::FormatArgument(static_cast<std::uint16_t>(value)),
+      qxfmt::FormatArgument(static_cast<double>(value) / 1000),
+      qxfmt::FormatArgument(std::bit_cast<double>(value)),
+      qxfmt::FormatArgument(text),
+      qxfmt::FormatArgument(),
+  };
+  return arguments[kind % std::size(arguments)];
 }
 
 }  // namespace
 
-// Formats that a caller supplies, with arguments of all kinds.
 void Fuzz(WideText text, const std::uint8_t* data, std::size_t size) {
-  std::uint64_t bits = size;
-  for (std::size_t i = 0; i < size; ++i) bits = bits << 5 ^ bits >> 3 ^ data[i];
-  const auto number = std::bit_cast<double>(bits);
-  const auto narrow = static_cast<std::int32_t>(bits);
-  switch (size % 6) {
-    case 0:
-      return CheckFormat(text);
-    case 1:
-      return CheckFormat(text, narrow);
-    case 2:
-      return CheckFormat(text, number, static_cast<std::uint16_t>(bits));
-    case 3:
-      return CheckFormat(text, text, static_cast<std::uint8_t>(bits), number);
-    case 4:
-      return CheckFormat(text, bits, static_cast<std::int64_t>(bits), text);
-    default:
-      return CheckFormat(text, narrow, static_cast<std::uint32_t>(bits), text, number, bits);
-  }
+  Arguments from({data, size});
+  const std::uint8_t count = from.TakeByte() % 4;
+  const qxfmt::FormatArgument first = TakeArgument(from, text);
+  const qxfmt::FormatArgument second = TakeArgument(from, text);
+  const WideText pattern = text + (size - from.left());
+  if (count == 0) return CheckPattern(pattern);
+  if (count == 1) return CheckPattern(pattern, first);
+  if (count == 2) return CheckPattern(pattern, first, second);
+  CheckPattern(pattern, first, second, first);
 }

@@ -49,15 +49,28 @@ build_quietly() {
   output=$("${build[@]}" 2>&1) || fail "cannot build $target: $output"
 }
 
-# Runs each fuzz target of the sanitize preset for so many seconds. usage: run_fuzzers SECONDS
+# The fuzz targets of the sanitize preset, a line each.
+fuzz_targets() {
+  find build/sanitize/fuzz -maxdepth 1 -name 'fuzz_*' -type f -perm -u=x | sort
+}
+
+# Runs one fuzz target for so many seconds. It begins with what is committed for it in fuzz/corpus,
+# and keeps what it finds interesting in build/corpus. Targets that differ after a "_" share the
+# committed files. usage: run_fuzzer SECONDS TARGET
+run_fuzzer() {
+  local name=${2##*/fuzz_} log=$2.log
+  local shared=${name%%_*} options=()
+  [ ! -f "fuzz/$shared.dict" ] || options+=(-dict="fuzz/$shared.dict")
+  mkdir -p "build/corpus/$name"
+  "$2" -max_total_time="$1" -max_len=512 -timeout=10 -artifact_prefix="$2-" "${options[@]}" \
+    "build/corpus/$name" "fuzz/corpus/$shared" >"$log" 2>&1 ||
+    fail "$2 found a fault: $(tail -n 40 "$log")"
+  echo "$name: $(tail -n 1 "$log")"
+}
+
+# Runs all fuzz targets for so many seconds each, one on each processor. usage: run_fuzzers SECONDS
 run_fuzzers() {
-  local target log
-  for target in build/sanitize/fuzz/fuzz_*; do
-    [ -x "$target" ] && [ -f "$target" ] || continue
-    mkdir -p "build/corpus/${target##*/}"
-    log=$target.log
-    "$target" -max_total_time="$1" -max_len=256 -artifact_prefix="$target-" \
-      "build/corpus/${target##*/}" >"$log" 2>&1 || fail "$target found a fault: $(tail -n 40 "$log")"
-    echo "${target##*/}: $(tail -n 1 "$log")"
-  done
+  export -f run_fuzzer fail
+  fuzz_targets | xargs -P "$(nproc)" -n 1 bash -c 'run_fuzzer "$@"' "$0" "$1" ||
+    fail "fuzzing ended with the above"
 }

@@ -1,52 +1,24 @@
 // The installed form of the library, with its real arena: memory and threads.
 
 #include <cstdlib>
-#include <new>
 #include <thread>
 
+#include "support/counted_heap.h"
 #include "support/platform.h"
 #include "support/test.h"
-
-namespace {
-
-// Of this thread.
-thread_local bool refuses_memory = false;
-thread_local int allocations = 0;
-
-void* Allocate(std::size_t size) {
-  if (refuses_memory) return nullptr;
-  ++allocations;
-  return std::malloc(size);
-}
-
-}  // namespace
-
-// Every form that the arena and the standard containers use. Not inlined: g++ would take a free
-// that it sees directly for one that does not match its new.
-void* operator new(std::size_t size) {
-  if (void* const memory = Allocate(size)) return memory;
-  throw std::bad_alloc();
-}
-void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-  return Allocate(size);
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
-  std::free(memory);
-}
 
 // Chunks of 1, 4, 16, 64, 256 KiB, and from then on of 1 MiB; and none once there is enough.
 TEST(Library, TakesMemoryInGrowingChunks) {
   constexpr int kChunks = 8;
   constexpr int kInAllButTheLast = 2446336 / 50;  // a few less, for what is left at their ends
   int results = 0;
-  allocations = 0;
+  heap.allocations = 0;
   CQXDataFormat format;
-  for (; allocations < kChunks; ++results) format.FormatMacAddress(0);
+  for (; heap.allocations < kChunks; ++results) format.FormatMacAddress(0);
   EXPECT_NEAR(results, kInAllButTheLast, 8);
   format.Reset();
   for (; results > 0; --results) format.FormatMacAddress(0);
-  EXPECT_EQ(allocations, kChunks);
+  EXPECT_EQ(heap.allocations, kChunks);
 }
 
 // Texts that fill their blocks, in new chunks and then in kept ones; on two threads.
@@ -67,20 +39,6 @@ TEST(Library, ResultsStayIntactUntilReset) {
   std::thread other(work);
   work();
   other.join();
-}
-
-TEST(Library, WorksAgainAfterRefusedMemory) {
-  CQXDataFormat format;
-  const ResultText kept = format.FormatNumber(1, 0);
-  refuses_memory = true;
-  const ResultText without_first_chunk = CQXDataFormat().FormatNumber(1, 0);
-  ResultText without_second_chunk = nullptr;
-  for (int i = 0; i < 10; ++i) without_second_chunk = format.FormatDecimal(0.5);
-  refuses_memory = false;
-  EXPECT_EQ(Utf8(without_first_chunk), "[MEM_ERR]");
-  EXPECT_EQ(Utf8(without_second_chunk), "[MEM_ERR]");
-  EXPECT_EQ(Utf8(format.FormatDecimal(0.5)), "0.50");
-  EXPECT_EQ(Utf8(kept), "1");
 }
 
 TEST(Library, ResetForgetsTheZone) {

@@ -1,7 +1,6 @@
 #include "support/scripted_arena.h"
 
-#include <cstring>
-#include <memory>
+#include <new>
 #include <utility>
 
 #include <qxfmt/block_buffer.h>
@@ -28,7 +27,7 @@ bool ArenaScript::Grants(std::uint32_t size) {
 
 // All blocks of an arena.
 struct CQXBlockBuffer::Chunk {
-  std::vector<std::unique_ptr<char[]>> blocks;
+  std::vector<std::vector<char>> blocks;
 };
 
 CQXBlockBuffer::CQXBlockBuffer(std::uint32_t /*largest_chunk*/) : first_(new Chunk) {}
@@ -41,9 +40,9 @@ void CQXBlockBuffer::Reset() {
 void CQXBlockBuffer::ReleaseAll() { Reset(); }
 
 // The inline part never finds room, so that each request comes here.
-void* CQXBlockBuffer::GetBufferFromNextChunk(std::uint32_t size) {
+void* CQXBlockBuffer::GetBufferFromNextChunk(std::uint32_t size) try {
   if (script != nullptr && !script->Grants(size)) return nullptr;
-  char* const block = first_->blocks.emplace_back(new char[size]).get();
-  std::memset(block, 0xCD, size);
-  return block;
+  return first_->blocks.emplace_back(size, '\xCD').data();
+} catch (const std::bad_alloc&) {
+  return nullptr;
 }

@@ -1,8 +1,7 @@
 // What formatters remember of the zone, against strftime: every zone of the TZ database and rules
-// written by hand, around their transitions; and several threads at once.
+// written by hand, around their transitions.
 
 #include <fstream>
-#include <future>
 #include <random>
 
 #include "support/platform.h"
@@ -95,20 +94,5 @@ TEST(ZoneMemory, ConversionsOfAHundredResults) {
     for (int i = 0; i < 100; ++i) format.FormatTime(c.time + i * c.step);
     EXPECT_EQ(zone_conversions, c.conversions) << c.zone;
     EXPECT_EQ(Utf8(format.FormatDateTime(c.time, QXFMT_DATE_YMD)), Strftime(c.time)) << c.zone;
-  }
-}
-
-TEST(TimeThreads, FormattersSideBySide) {
-  UseZone("CST-8");
-  std::vector<std::future<void>> threads;
-  for (int thread = 0; thread < 4; ++thread) {
-    threads.push_back(std::async(std::launch::async, [thread] {
-      for (int i = 0; i < 2000; ++i) {
-        CQXDataFormat format;
-        QXFMT_SetDateTimeFormat(i % 2 == 0 ? QXFMT_DATE_YMD : QXFMT_DATE_DEFAULT);
-        EXPECT_EQ(Utf8(format.FormatDateTime(1700000000 + thread, QXFMT_DATE_DEFAULT)),
-                  "2023/11/15 06:13:2" + std::to_string(thread));
-      }
-    }));
   }
 }
