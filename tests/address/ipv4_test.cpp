@@ -72,6 +72,15 @@ TEST(Ipv4, AgreesWithRegularExpressionsOnMutatedTexts) {
   EXPECT_EQ(QXFMT_IsValidPort(std::uint16_t{0}), 1);
 }
 
+TEST(Ipv4, ReadsNoFurtherThanTheAnswerNeeds) {
+  for (const auto text : {u"0001.0001.0001.2", u"00000", u"1.2.3.4."}) {
+    EXPECT_EQ(QXFMT_GetIpAddress(WithoutTerminator(text), nullptr), 0U) << Utf8(text);
+  }
+  for (const auto text : {u"000000", u"0000x", u"x"}) {
+    EXPECT_EQ(QXFMT_IsValidPort(WithoutTerminator(text)), 0) << Utf8(text);
+  }
+}
+
 TEST(Netmask, EveryLengthAndOctet) {
   std::uint64_t ones = 0xFFFFFFFF00000000;  // what comes into the low half is the mask, reversed
   for (std::uint32_t bits = 0; bits <= 32; ++bits, ones >>= 1) {

@@ -1,3 +1,5 @@
+#include <map>
+
 #include "support/test.h"
 
 TEST(GrowableText, EveryFailureKeepsTheText) {
@@ -20,15 +22,32 @@ TEST(GrowableText, EveryFailureKeepsTheText) {
   EXPECT_EQ(Utf8(text), "kept");
 }
 
-TEST(GrowableText, DoublesItsRoom) {
-  const std::pair<std::size_t, std::size_t> rows[] = {
-      {0, 63}, {63, 63}, {64, 126}, {126, 126}, {127, 252}, {4032, 4032}, {4033, 8064}};
-  std::pmr::unsynchronized_pool_resource memory;
-  GrowableText text(&memory);
-  for (const auto& [size, capacity] : rows) {
-    while (text.size() < size) text.append(u"x");
-    EXPECT_EQ(text.append(std::u16string_view()).capacity(), capacity) << size;
+// Logs what it is asked for, and wants it back as it was given.
+struct LoggedMemory : std::pmr::memory_resource {
+  Sizes asked;
+  std::map<void*, std::size_t> given;
+
+  ~LoggedMemory() override { EXPECT_TRUE(given.empty()); }
+  void* do_allocate(std::size_t bytes, std::size_t /*alignment*/) override {
+    asked.push_back(static_cast<std::uint32_t>(bytes));
+    return given.emplace(::operator new(bytes), bytes).first->first;
   }
+  void do_deallocate(void* memory, std::size_t bytes, std::size_t /*alignment*/) override {
+    EXPECT_EQ(given.at(memory), bytes);
+    given.erase(memory);
+    ::operator delete(memory);
+  }
+  bool do_is_equal(const memory_resource& other) const noexcept override { return this == &other; }
+};
+
+TEST(GrowableText, DoublesItsRoom) {
+  LoggedMemory memory;
+  GrowableText text(&memory);
+  for (int i = 0; i < 4033; ++i) text.append(u"x").append(std::u16string_view());
+  EXPECT_EQ(memory.asked, (Sizes{128, 254, 506, 1010, 2018, 4034, 8066, 16130}));
+  EXPECT_EQ(text.capacity(), 8064U);
+  text.reserve(8065);
+  EXPECT_EQ(memory.asked.back(), 16132U);
   EXPECT_EQ(Utf8(text), std::string(4033, 'x'));
 }
 
@@ -45,7 +64,7 @@ TEST(GrowableText, AppendsAndAssignsItself) {
 
 // The memory goes along with a move. A moved-from text is empty, without room, and usable.
 TEST(GrowableText, CopiesAndMoves) {
-  std::pmr::unsynchronized_pool_resource memory;
+  LoggedMemory memory;
   GrowableText text(&memory);
   GrowableText assigned;
   assigned = text.assign(u"text");
