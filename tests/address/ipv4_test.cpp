@@ -47,6 +47,7 @@ void ExpectAddress(const std::string& peer, WideText text) {
   std::int32_t flag = -1;
   EXPECT_EQ(QXFMT_GetIpAddress(text, &flag), is_read ? address : 0) << peer;
   EXPECT_EQ(flag, has_all ? 1 : 0) << peer;
+  EXPECT_EQ(QXFMT_GetIpAddress(text, nullptr), is_read ? address : 0) << peer;
   EXPECT_EQ(QXFMT_IsValidIpAddress(text), is_valid ? 1 : 0) << peer;
   EXPECT_EQ(QXFMT_IsValidIpMask(text), is_valid ? QXFMT_IsValidIpMask(address) : 0) << peer;
 }

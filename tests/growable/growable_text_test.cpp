@@ -20,6 +20,7 @@ TEST(GrowableText, EveryFailureKeepsTheText) {
   EXPECT_EQ(StatusOf([&] { text.resize(text.capacity() + 1); }), 0x80070057);
   EXPECT_EQ(StatusOf([&] { text.reserve(SIZE_MAX); }), 0x80070057);
   EXPECT_EQ(Utf8(text), "kept");
+  EXPECT_STREQ(StatusException(1).what(), "text operation failed");
 }
 
 // Logs what it is asked for, and wants it back as it was given.
@@ -45,9 +46,9 @@ TEST(GrowableText, DoublesItsRoom) {
   GrowableText text(&memory);
   for (int i = 0; i < 4033; ++i) text.append(u"x").append(std::u16string_view());
   EXPECT_EQ(memory.asked, (Sizes{128, 254, 506, 1010, 2018, 4034, 8066, 16130}));
-  EXPECT_EQ(text.capacity(), 8064U);
-  text.reserve(8065);
+  for (const std::size_t capacity : {8063U, 8064U, 8065U}) text.reserve(capacity);
   EXPECT_EQ(memory.asked.back(), 16132U);
+  EXPECT_EQ(memory.asked.size(), 9U);
   EXPECT_EQ(Utf8(text), std::string(4033, 'x'));
 }
 
@@ -60,22 +61,33 @@ TEST(GrowableText, AppendsAndAssignsItself) {
   EXPECT_EQ(Utf8(text), full + full + full + full + "-" + full + full);
   text.assign(text.c_str() + text.size() - 2).resize(4, u'b');
   EXPECT_EQ(Utf8(text.c_str()), "aabb");
+  text.resize(3);
+  EXPECT_EQ(Utf8(text.c_str()), "aab");
 }
 
-// The memory goes along with a move. A moved-from text is empty, without room, and usable.
+// The memory goes along with a move, unless it lies in the text itself. A moved-from text is empty,
+// without room, and usable.
 TEST(GrowableText, CopiesAndMoves) {
   LoggedMemory memory;
-  GrowableText text(&memory);
-  GrowableText assigned;
-  assigned = text.assign(u"text");
-  const WideText place = text.c_str();
-  GrowableText moved(std::move(text));
-  EXPECT_EQ(moved.c_str(), place);
-  EXPECT_TRUE(text.empty());
-  text.append(std::u16string_view()).append_format(u"").assign(text);
-  EXPECT_EQ(StatusOf([&] { text.resize(1); }), 0x80070057);
-  EXPECT_EQ(Utf8(text.c_str()), "");
-  EXPECT_EQ(Utf8(text.append(u"again")), "again");
-  EXPECT_EQ(Utf8(GrowableText(moved)), "text");
-  EXPECT_EQ(Utf8(assigned), "text");
+  std::pmr::memory_resource* const heap = std::pmr::new_delete_resource();
+  const std::tuple<std::pmr::memory_resource*, std::u16string, bool> rows[] = {
+      {&memory, u"text", true}, {heap, u"text", false}, {heap, std::u16string(64, u'x'), true}};
+  for (const auto& [resource, units, memory_moves] : rows) {
+    GrowableText text(resource);
+    GrowableText assigned;
+    assigned = text.assign(units);
+    const WideText place = text.c_str();
+    GrowableText moved(std::move(text));
+    EXPECT_EQ(moved.c_str() == place, memory_moves);
+    EXPECT_TRUE(text.empty());
+    text.append(std::u16string_view()).append_format(u"").assign(text);
+    EXPECT_EQ(StatusOf([&] { text.resize(1); }), 0x80070057);
+    EXPECT_EQ(Utf8(text.c_str()), "");
+    EXPECT_EQ(Utf8(text.append(u"again")), "again");
+    EXPECT_EQ(GrowableText(moved).c_str(), units);
+    EXPECT_EQ(assigned.c_str(), units);
+    moved.clear();
+    EXPECT_EQ(Utf8(moved.c_str()), "");
+  }
+  EXPECT_EQ(memory.asked, (Sizes{128, 128}));
 }
