@@ -47,6 +47,7 @@ void ExpectAddress(const std::string& peer, WideText text) {
   std::int32_t flag = -1;
   EXPECT_EQ(QXFMT_GetIpAddress(text, &flag), is_read ? address : 0) << peer;
   EXPECT_EQ(flag, has_all ? 1 : 0) << peer;
+  EXPECT_EQ(QXFMT_GetIpAddress(text, nullptr), is_read ? address : 0) << peer;
   EXPECT_EQ(QXFMT_IsValidIpAddress(text), is_valid ? 1 : 0) << peer;
   EXPECT_EQ(QXFMT_IsValidIpMask(text), is_valid ? QXFMT_IsValidIpMask(address) : 0) << peer;
 }
@@ -70,6 +71,15 @@ TEST(Ipv4, AgreesWithRegularExpressionsOnMutatedTexts) {
       alphabet, ExpectAddress);
   ForMutatedTexts("0 00000 00080 65535 65536 99999 000080", alphabet, ExpectPort);
   EXPECT_EQ(QXFMT_IsValidPort(std::uint16_t{0}), 1);
+}
+
+TEST(Ipv4, ReadsNoFurtherThanTheAnswerNeeds) {
+  for (const auto text : {u"0001.0001.0001.2", u"00000", u"1.2.3.4."}) {
+    EXPECT_EQ(QXFMT_GetIpAddress(WithoutTerminator(text), nullptr), 0U) << Utf8(text);
+  }
+  for (const auto text : {u"000000", u"0000x", u"x"}) {
+    EXPECT_EQ(QXFMT_IsValidPort(WithoutTerminator(text)), 0) << Utf8(text);
+  }
 }
 
 TEST(Netmask, EveryLengthAndOctet) {

@@ -107,3 +107,10 @@ TEST(Ipv6Parse, AgreesWithAPeerOnMutatedTexts) {
       "1:2:3:4:5:6:.1.2.3 1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1 __::";
   ForMutatedTexts(seeds + std::string(97, '_'), u"0127afF:::..  g\t\u0131\uFF11", check);
 }
+
+TEST(Ipv6Parse, ReadsNoFurtherThanTheAnswerNeeds) {
+  const std::u16string texts[] = {u"::" + std::u16string(98, u' '), u"::12345", u"::12x", u":1"};
+  for (const std::u16string& text : texts) {
+    EXPECT_EQ(QXFMT_IsValidIPv6Address(WithoutTerminator(text)), 0) << Utf8(text);
+  }
+}

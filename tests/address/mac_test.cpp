@@ -24,6 +24,13 @@ TEST(Mac, Octets) {
   EXPECT_EQ(QXFMT_IsValidMacAddress(nullptr, 0), 1);
 }
 
+TEST(Mac, ReadsNoFurtherThanTheAnswerNeeds) {
+  for (const auto text : {u"00:11:22:33:44:55:", u"0011223344556", u"00:11x", u"x"}) {
+    EXPECT_EQ(QXFMT_IsValidMacAddress(WithoutTerminator(text)), 0) << Utf8(text);
+  }
+  EXPECT_EQ(QXFMT_GetHexValue(WithoutTerminator(u"1F")), 0x1F);
+}
+
 TEST(Mac, PairsTheDigitsOfMutatedTextsInOrder) {
   const std::regex accepted("(?=.{12,17}$)([:-]*[[:xdigit:]]){12}[:-]*");
   const std::regex no_digit("[^[:xdigit:]]");

@@ -21,6 +21,13 @@ inline const char16_t* AtPageEnd(std::u16string_view text) {
   return std::copy_backward(text.begin(), text.end(), end - 1);
 }
 
+// Such a text with its own last unit in place of the terminator: nothing after it can be read.
+inline const char16_t* WithoutTerminator(std::u16string_view text) {
+  const auto copy = const_cast<char16_t*>(AtPageEnd(text.substr(0, text.size() - 1)));
+  copy[text.size() - 1] = text.back();
+  return copy;
+}
+
 // Calls `check` with no text, and with texts that are none to three edits away from a seed: as
 // 8-bit text and at the page end, each also with a blank after it. Seeds are words, "_" is a blank.
 void ForMutatedTexts(const std::string& table, std::u16string_view alphabet, auto check) {
