@@ -76,7 +76,8 @@ TEST(Calls, EveryIntegerType) {
     }
     using Type = decltype(five);
     if constexpr (sizeof(five) <= 4 && std::is_unsigned_v<Type> && !std::is_same_v<Type, char>) {
-      EXPECT_EQ(Utf8(format.FormatBinary(five)).substr(sizeof(five) * 10 - 10), "0000 0101");
+      const std::string bits = Utf8(format.FormatBinary(five));
+      EXPECT_EQ(bits.substr(sizeof(five) * 10 - 10), "0000 0101");
     }
   });
 }
