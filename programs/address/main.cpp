@@ -7,19 +7,16 @@
 //     prefix   24
 //     network  10.0.0.0
 
+#include <algorithm>
 #include <cstdint>
 #include <iostream>
 #include <string>
 #include <string_view>
 
 #include <qxfmt/qxfmt.h>
-
-#include "shared/utf8.h"
+#include <qxfmt/utf8.h>
 
 namespace {
-
-using programs::FromUtf8;
-using programs::ToUtf8;
 
 constexpr std::string_view kHelp =
     "Usage: qxfmt-address [-h | --help] [ADDRESS...]\n"
@@ -38,6 +35,13 @@ constexpr std::string_view kHelp =
 constexpr std::size_t kMaxBytes = 256;
 
 constexpr std::string_view kBlanks = " \t\r";
+
+// A NUL becomes U+FFFD: a text of the library would end there.
+std::u16string FromUtf8(std::string_view bytes) {
+  std::u16string text = qxfmt::Utf16(bytes);
+  std::replace(text.begin(), text.end(), u'\0', u'\uFFFD');
+  return text;
+}
 
 // The forms of one text, or why it has none.
 class Lookup {
@@ -62,7 +66,7 @@ class Lookup {
   void Add(std::string_view name, const std::string& form) {
     forms_.append("  ").append(name).append(9 - name.size(), ' ').append(form).append("\n");
   }
-  void Add(std::string_view name, ResultText form) { Add(name, ToUtf8(form)); }
+  void Add(std::string_view name, ResultText form) { Add(name, qxfmt::Utf8(form)); }
 
   bool ReadIpv4(const std::u16string& text) {
     if (QXFMT_IsValidIpAddress(text.c_str()) == 0) return false;
@@ -172,7 +176,7 @@ std::string Shown(std::u16string text) {
   for (char16_t& unit : text) {
     if (unit < u' ' || (unit >= 0x7F && unit < 0xA0)) unit = u'?';
   }
-  return ToUtf8(text.c_str());
+  return qxfmt::Utf8(text);
 }
 
 bool Judge(std::string_view typed) {

@@ -24,7 +24,6 @@
 #include "meter/options.h"
 #include "meter/rates.h"
 #include "meter/table.h"
-#include "shared/utf8.h"
 
 namespace meter {
 
@@ -132,7 +131,7 @@ std::string Stamp(CQXDataFormat& format, const Options& options, Clock::duration
   const std::uint32_t uptime = ReadUptime(options.root);
   text += uptime == 0 ? u"-" : format.FormatDurationSecond(uptime, options.words);
   text += u'\n';
-  return programs::ToUtf8(text);
+  return qxfmt::Utf8(text);
 }
 
 ResultText ClockText(CQXDataFormat& format, Clock::duration span) {

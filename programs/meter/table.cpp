@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "shared/utf8.h"
+#include <qxfmt/utf8.h>
 
 namespace meter {
 
@@ -26,7 +26,7 @@ void Table::StartRow() { rows_.emplace_back(); }
 
 void Table::Add(std::string cell) { rows_.back().push_back(std::move(cell)); }
 
-void Table::Add(std::u16string_view cell) { Add(programs::ToUtf8(cell)); }
+void Table::Add(std::u16string_view cell) { Add(qxfmt::Utf8(cell)); }
 
 std::string Table::ToString() const {
   std::vector<std::size_t> widths(rows_.front().size());

@@ -36,7 +36,7 @@ TEST(Mac, PairsTheDigitsOfMutatedTextsInOrder) {
   const std::regex no_digit("[^[:xdigit:]]");
   const auto check = [&](const std::string& peer, WideText text) {
     const std::u16string_view pair = std::u16string_view(text != nullptr ? text : u"").substr(0, 2);
-    const std::string pair_digits = "0" + std::regex_replace(Utf8(pair), no_digit, "");
+    const std::string pair_digits = "0" + std::regex_replace(std::string(Utf8(pair)), no_digit, "");
     EXPECT_EQ(QXFMT_GetHexValue(text), std::stoi(pair_digits, nullptr, 16)) << peer;
     const bool is_valid = std::regex_match(peer, accepted);
     EXPECT_EQ(QXFMT_IsValidMacAddress(text), is_valid ? 1 : 0) << peer;

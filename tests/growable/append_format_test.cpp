@@ -47,12 +47,13 @@ TEST(AppendFormat, Refusals) {
 TEST(AppendFormat, FormatMayBeTheTextItself) {
   for (const std::size_t percents : {0U, 18U, 50U}) {
     const std::u16string format = std::u16string(2 * percents, u'%') + u"%d%s";
+    const std::string bytes = Utf8(format);
     GrowableText text;
     text.assign(format).append_format(text.c_str(), 12345, u"ab");
-    EXPECT_EQ(Utf8(text), Utf8(format) + std::string(percents, '%') + "12345ab");
+    EXPECT_EQ(Utf8(text), bytes + std::string(percents, '%') + "12345ab");
     text.assign(format);
     const WideText its_end = text.c_str() + format.size() - 4;
     text.append_format(its_end, 12345, text);
-    EXPECT_EQ(Utf8(text), Utf8(format) + "12345" + Utf8(format));
+    EXPECT_EQ(Utf8(text), bytes + "12345" + bytes);
   }
 }
