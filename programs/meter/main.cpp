@@ -23,13 +23,14 @@
 #include "meter/counters.h"
 #include "meter/options.h"
 #include "meter/rates.h"
-#include "meter/table.h"
+#include "shared/table.h"
 #include "shared/utf8.h"
 
 namespace meter {
 
 namespace {
 
+using programs::Table;
 using std::chrono::duration_cast;
 using std::chrono::milliseconds;
 using std::chrono::nanoseconds;
@@ -45,7 +46,6 @@ std::string Totals(CQXDataFormat& format, const Options& options,
   Table table(
       {"interface", "state", "link", "received", "packets", "errors", "sent", "packets", "errors"});
   for (const Interface& interface : interfaces) {
-    table.StartRow();
     table.Add(interface.name);
     table.Add(interface.state.empty() ? "-" : interface.state);
     table.Add(interface.megabits == 0
@@ -71,7 +71,6 @@ std::string AddressList(CQXDataFormat& format, const Options& options,
                         const std::vector<Interface>& interfaces) {
   Table table({"interface", "address", "mask"}, 3);
   const auto add = [&](const Interface& interface, std::u16string_view address, ResultText mask) {
-    table.StartRow();
     table.Add(interface.name);
     table.Add(address);
     table.Add(mask);
@@ -104,7 +103,6 @@ ResultText EndpointText(CQXDataFormat& format, const Socket& socket, const Endpo
 std::string SocketList(CQXDataFormat& format, const std::vector<Socket>& sockets) {
   Table table({"protocol", "local", "remote", "state"}, 4);
   for (const Socket& socket : sockets) {
-    table.StartRow();
     table.Add(socket.protocol);
     table.Add(EndpointText(format, socket, socket.local));
     table.Add(EndpointText(format, socket, socket.remote));
@@ -143,7 +141,6 @@ ResultText ClockText(CQXDataFormat& format, Clock::duration span) {
 std::string RateTable(CQXDataFormat& format, const Options& options, const Round& round) {
   Table table({"interface", "receiving", "", "sending", "", "share", "errors", "idle"});
   for (const Load& load : round.loads) {
-    table.StartRow();
     table.Add(load.name);
     for (const std::uint64_t bytes : {load.received, load.sent}) {
       const double rate = static_cast<double>(bytes) / round.seconds;

@@ -1,0 +1,16 @@
+#pragma once
+
+// What is known of the terminal that a file descriptor may be.
+
+#include <cstddef>
+
+namespace programs {
+
+// Characters in a line of the terminal, SIZE_MAX where it is none.
+std::size_t LineWidth(int descriptor);
+
+// Whether colours are welcome: on a terminal that has them, unless the user wants none
+// (https://no-color.org).
+bool TakesColours(int descriptor);
+
+}  // namespace programs
