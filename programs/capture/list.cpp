@@ -1,0 +1,209 @@
+// The packet list: a row for each packet, printed as soon as it is read.
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "capture/packet_text.h"
+#include "capture/view.h"
+#include "shared/terminal.h"
+
+namespace capture {
+
+namespace {
+
+// Rows between two resets of the formatter: few enough that its texts stay in the processor's
+// cache, and enough that what it learns of the time zone pays.
+constexpr std::uint64_t kBatch = 128;
+
+constexpr std::size_t kProtocolWidth = 7;
+constexpr std::size_t kLengthWidth = 6;
+constexpr std::size_t kShortAddress = 15;
+constexpr std::size_t kShortInfo = 12;
+
+// How long times and addresses are is not known beforehand: these widths grow.
+struct Columns {
+  std::size_t number = 6;  // 0 where there is no room for it
+  std::size_t time = 4;
+  std::size_t source = kShortAddress;
+  std::size_t destination = kShortAddress;
+  std::size_t widest_address = SIZE_MAX;  // a longer one moves the rest of its row
+  std::size_t length = kLengthWidth;      // 0 where there is no room for it
+};
+
+std::string_view Colour(const Packet& packet) {
+  constexpr std::uint8_t kReset = 4;
+  if (packet.reading != Reading::kComplete) return "\033[1;31m";  // bold red
+  if ((packet.tcp_flags & kReset) != 0) return "\033[31m";        // red
+  switch (packet.protocol) {
+    case Protocol::kTcp:
+      return "\033[32m";  // green
+    case Protocol::kUdp:
+      return "\033[36m";  // cyan
+    case Protocol::kIcmp:
+    case Protocol::kIcmpv6:
+      return "\033[35m";  // magenta
+    case Protocol::kArp:
+      return "\033[33m";  // yellow
+    default:
+      return "\033[0m";
+  }
+}
+
+class List : public View {
+ public:
+  List(const Options& options, Output& output)
+      : options_(options),
+        output_(output),
+        width_(programs::LineWidth(STDOUT_FILENO)),
+        has_colours_(programs::TakesColours(STDOUT_FILENO)) {
+    if (options.time == TimeStyle::kWhatFits) {
+      options_.time = width_ < 110 ? TimeStyle::kTimeOfDay : TimeStyle::kDate;
+    }
+  }
+
+  void Add(const Record& record, const Packet& packet) override {
+    if (rows_ == 0) Start(record);
+    PutRow(record, packet);
+    if (++rows_ % kBatch != 0) return;
+    format_.Reset();  // its texts are in the output
+    width_ = programs::LineWidth(STDOUT_FILENO);
+    FitColumns();
+  }
+
+ private:
+  void Start(const Record& record) {
+    first_ = record.time;
+    columns_.time = std::u16string_view(TimeText(format_, options_, first_, first_)).size();
+    FitColumns();
+    PutLine("\033[1m", [this] {
+      PutRight(u"number", columns_.number);
+      PutLeft(u"time", columns_.time);
+      PutLeft(u"source", columns_.source);
+      PutLeft(u"destination", columns_.destination);
+      PutLeft(u"protocol", kProtocolWidth);
+      PutRight(u"length", columns_.length);
+      output_.Put("info");
+    });
+  }
+
+  // On a terminal the info keeps some room: the least important columns make way.
+  void FitColumns() {
+    if (width_ == SIZE_MAX) return;
+    columns_.number = width_ < 90 ? 0 : Columns().number;
+    columns_.length = width_ < 70 ? 0 : Columns().length;
+    std::size_t taken = columns_.time + kProtocolWidth + kShortInfo + 4;
+    for (const std::size_t column : {columns_.number, columns_.length}) {
+      if (column > 0) taken += column + 1;
+    }
+    const std::size_t rest = width_ > taken ? width_ - taken : 0;
+    columns_.widest_address = std::max(kShortAddress, rest / 2);
+    columns_.source = std::min(columns_.source, columns_.widest_address);
+    columns_.destination = std::min(columns_.destination, columns_.widest_address);
+  }
+
+  void PutRow(const Record& record, const Packet& packet) {
+    PutLine(has_colours_ ? Colour(packet) : std::string_view(), [&] {
+      PutRight(format_.FormatNumber(record.number, 0), columns_.number);
+      PutGrowing(TimeText(format_, options_, record.time, first_), columns_.time, SIZE_MAX);
+      PutGrowing(AddressText(format_, packet.source, packet.has_ports), columns_.source,
+                 columns_.widest_address);
+      PutGrowing(AddressText(format_, packet.destination, packet.has_ports), columns_.destination,
+                 columns_.widest_address);
+      PutLeft(Name(packet.protocol), kProtocolWidth);
+      PutRight(format_.FormatNumber(record.length, 0), columns_.length);
+      PutInfo(output_, format_, packet);
+    });
+  }
+
+  template <typename PutCells>
+  void PutLine(std::string_view colour, PutCells put_cells) {
+    if (has_colours_) output_.PutEscape(colour);
+    put_cells();
+    output_.CutLine(width_);
+    if (has_colours_) output_.PutEscape("\033[0m");
+    output_.EndLine();
+  }
+
+  template <typename Text>
+  void PutLeft(Text text, std::size_t width) {
+    const std::size_t start = output_.column();
+    output_.Put(text);
+    const std::size_t used = output_.column() - start;
+    output_.PutBlanks((used < width ? width - used : 0) + 1);
+  }
+
+  void PutGrowing(ResultText text, std::size_t& width, std::size_t widest) {
+    const std::size_t start = output_.column();
+    PutLeft(text, width);
+    const std::size_t used = output_.column() - start - 1;
+    if (used > width) width = std::min(used, widest);
+  }
+
+  // A column of width 0 is left out.
+  void PutRight(ResultText text, std::size_t width) {
+    if (width == 0) return;
+    const std::size_t size = std::u16string_view(text).size();
+    if (size < width) output_.PutBlanks(width - size);
+    output_.Put(text);
+    output_.Put(' ');
+  }
+
+  Options options_;
+  Output& output_;
+  CQXDataFormat format_;
+  Columns columns_;
+  std::size_t width_;  // of the terminal
+  bool has_colours_;
+  std::uint64_t rows_ = 0;
+  std::int64_t first_ = 0;  // time of the first packet
+};
+
+class CsvList : public View {
+ public:
+  CsvList(const Options& options, Output& output) : options_(options), output_(output) {
+    output_.Put("number,time,source,source port,destination,destination port,protocol,length,info");
+    output_.EndLine();
+  }
+
+  void Add(const Record& record, const Packet& packet) override {
+    if (rows_ == 0) first_ = record.time;
+    output_.Put(format_.FormatNumber(record.number, 0));
+    output_.Put(',');
+    output_.PutCsv(TimeText(format_, options_, record.time, first_));
+    PutEndpoint(packet.source, packet.has_ports);
+    PutEndpoint(packet.destination, packet.has_ports);
+    output_.Put(',');
+    output_.Put(Name(packet.protocol));
+    output_.Put(',');
+    output_.Put(format_.FormatNumber(record.length, 0));
+    output_.Put(',');
+    PutInfo(output_, format_, packet);
+    output_.EndLine();
+    if (++rows_ % kBatch == 0) format_.Reset();
+  }
+
+ private:
+  void PutEndpoint(const Endpoint& endpoint, bool has_ports) {
+    output_.Put(',');
+    output_.Put(AddressText(format_, endpoint, false));
+    output_.Put(',');
+    if (has_ports) output_.Put(format_.FormatNumber(endpoint.port, 0));
+  }
+
+  Options options_;
+  Output& output_;
+  CQXDataFormat format_;
+  std::uint64_t rows_ = 0;
+  std::int64_t first_ = 0;  // time of the first packet
+};
+
+}  // namespace
+
+std::unique_ptr<View> MakeList(const Options& options, Output& output) {
+  if (options.csv) return std::make_unique<CsvList>(options, output);
+  return std::make_unique<List>(options, output);
+}
+
+}  // namespace capture
