@@ -9,7 +9,8 @@ using capture::Protocol;
 using capture::Reading;
 
 void CheckFields(const Packet& packet) {
-  Check(!packet.has_ports || packet.protocol == Protocol::kTcp ||
+  Check(packet.source.has_port == packet.destination.has_port);
+  Check(!packet.source.has_port || packet.protocol == Protocol::kTcp ||
         packet.protocol == Protocol::kUdp);
   const bool is_ip = packet.protocol >= Protocol::kIcmp;
   Check(!is_ip || packet.source.kind >= Endpoint::Kind::kIpv4);

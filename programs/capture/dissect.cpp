@@ -235,7 +235,7 @@ class Dissection {
 
   bool ReadPorts() {
     if (!Has(4)) return false;
-    packet_.has_ports = true;
+    packet_.source.has_port = packet_.destination.has_port = true;
     packet_.source.port = Read16(0);
     packet_.destination.port = Read16(2);
     return true;

@@ -4,6 +4,7 @@
 // and never reads beyond what was captured.
 
 #include <array>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -50,10 +51,11 @@ struct Endpoint {
 
   Kind kind = Kind::kNone;
   std::uint8_t size = 0;                  // octets of the address
-  std::uint16_t port = 0;                 // if the packet has ports
   std::array<std::uint8_t, 16> octets{};  // in network order; zeros beyond the size
+  bool has_port = false;
+  std::uint16_t port = 0;
 
-  bool operator==(const Endpoint&) const = default;
+  auto operator<=>(const Endpoint&) const = default;
 };
 
 // The question or answer of an ARP packet for IPv4 on Ethernet.
@@ -71,7 +73,6 @@ struct Packet {
   Endpoint destination;
   Protocol protocol = Protocol::kUnknown;
   Reading reading = Reading::kComplete;
-  bool has_ports = false;
   std::uint8_t vlans = 0;               // VLAN tags
   std::array<std::uint16_t, 2> vlan{};  // identifiers of the two outermost
   // What follows the innermost known header, where that is not known: an EtherType, or with IPv4

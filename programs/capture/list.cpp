@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "capture/csv.h"
 #include "capture/packet_text.h"
 #include "capture/view.h"
 #include "shared/terminal.h"
@@ -107,9 +108,8 @@ class List : public View {
     PutLine(has_colours_ ? Colour(packet) : std::string_view(), [&] {
       PutRight(format_.FormatNumber(record.number, 0), columns_.number);
       PutGrowing(TimeText(format_, options_, record.time, first_), columns_.time, SIZE_MAX);
-      PutGrowing(AddressText(format_, packet.source, packet.has_ports), columns_.source,
-                 columns_.widest_address);
-      PutGrowing(AddressText(format_, packet.destination, packet.has_ports), columns_.destination,
+      PutGrowing(EndpointText(format_, packet.source), columns_.source, columns_.widest_address);
+      PutGrowing(EndpointText(format_, packet.destination), columns_.destination,
                  columns_.widest_address);
       PutLeft(Name(packet.protocol), kProtocolWidth);
       PutRight(format_.FormatNumber(record.length, 0), columns_.length);
@@ -163,38 +163,29 @@ class List : public View {
 class CsvList : public View {
  public:
   CsvList(const Options& options, Output& output) : options_(options), output_(output) {
-    output_.Put("number,time,source,source port,destination,destination port,protocol,length,info");
-    output_.EndLine();
+    csv_.PutHeadings(
+        "number,time,source,source port,destination,destination port,protocol,length,info");
   }
 
   void Add(const Record& record, const Packet& packet) override {
     if (rows_ == 0) first_ = record.time;
-    output_.Put(format_.FormatNumber(record.number, 0));
-    output_.Put(',');
-    output_.PutCsv(TimeText(format_, options_, record.time, first_));
-    PutEndpoint(packet.source, packet.has_ports);
-    PutEndpoint(packet.destination, packet.has_ports);
-    output_.Put(',');
-    output_.Put(Name(packet.protocol));
-    output_.Put(',');
-    output_.Put(format_.FormatNumber(record.length, 0));
-    output_.Put(',');
+    csv_.PutCell(format_.FormatNumber(record.number, 0));
+    csv_.PutCell(TimeText(format_, options_, record.time, first_));
+    csv_.PutEndpoint(packet.source);
+    csv_.PutEndpoint(packet.destination);
+    csv_.PutCell(Name(packet.protocol));
+    csv_.PutCell(format_.FormatNumber(record.length, 0));
+    csv_.StartCell();
     PutInfo(output_, format_, packet);
-    output_.EndLine();
+    csv_.EndRow();
     if (++rows_ % kBatch == 0) format_.Reset();
   }
 
  private:
-  void PutEndpoint(const Endpoint& endpoint, bool has_ports) {
-    output_.Put(',');
-    output_.Put(AddressText(format_, endpoint, false));
-    output_.Put(',');
-    if (has_ports) output_.Put(format_.FormatNumber(endpoint.port, 0));
-  }
-
   Options options_;
   Output& output_;
   CQXDataFormat format_;
+  Csv csv_{output_, format_};
   std::uint64_t rows_ = 0;
   std::int64_t first_ = 0;  // time of the first packet
 };

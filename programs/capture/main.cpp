@@ -33,6 +33,10 @@ void FinishOnInterrupt() {
 
 std::unique_ptr<View> MakeView(const Options& options, Output& output) {
   switch (options.view) {
+    case ViewKind::kConversations:
+      return MakeConversations(options, output);
+    case ViewKind::kSummary:
+      return MakeSummary(options, output);
     default:
       return MakeList(options, output);
   }

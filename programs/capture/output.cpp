@@ -21,16 +21,13 @@ void Output::Put(ResultText text) {
   size_ -= kLongestText - (end - start);
 }
 
-void Output::PutBlanks(std::size_t count) {
-  std::fill_n(Room(static_cast<std::ptrdiff_t>(count)), count, ' ');
+void Output::PutLines(std::string_view lines) {
+  Flush();
+  Write(lines);
 }
 
-void Output::PutCsv(ResultText text) {
-  const std::u16string_view view = text;
-  const bool is_quoted = view.find(u',') != std::u16string_view::npos;
-  if (is_quoted) Put('"');
-  Put(text);
-  if (is_quoted) Put('"');
+void Output::PutBlanks(std::size_t count) {
+  std::fill_n(Room(static_cast<std::ptrdiff_t>(count)), count, ' ');
 }
 
 void Output::PutEscape(std::string_view sequence) {
@@ -50,18 +47,20 @@ void Output::EndLine() {
 }
 
 void Output::Flush() {
-  const char* next = buffer_.data();
-  const char* const end = next + size_;
-  while (next < end) {
-    const ssize_t written = ::write(descriptor_, next, static_cast<std::size_t>(end - next));
+  Write({buffer_.data(), static_cast<std::size_t>(size_)});
+  line_start_ -= size_;
+  size_ = 0;
+}
+
+void Output::Write(std::string_view bytes) const {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
     if (written < 0 && errno != EINTR) {
       throw std::runtime_error(std::string("cannot write to the standard output: ") +
                                std::strerror(errno));
     }
-    next += std::max<ssize_t>(written, 0);
+    bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
   }
-  line_start_ -= size_;
-  size_ = 0;
 }
 
 }  // namespace capture

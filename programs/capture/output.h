@@ -20,12 +20,11 @@ class Output {
   void Put(ResultText text);  // ASCII, and shorter than kLongestText
   void PutBlanks(std::size_t count);
 
-  // A cell of comma-separated values (RFC 4180): in quotes if it has a comma. No text of ours has
-  // quotes itself.
-  void PutCsv(ResultText text);
-
   // What a terminal does not show: it counts for no column.
   void PutEscape(std::string_view sequence);
+
+  // Whole lines, as many as there may be.
+  void PutLines(std::string_view lines);
 
   // Characters of the line so far.
   std::size_t column() const { return static_cast<std::size_t>(size_ - line_start_); }
@@ -50,6 +49,8 @@ class Output {
     size_ += count;
     return &buffer_[static_cast<std::size_t>(size_ - count)];
   }
+
+  void Write(std::string_view bytes) const;
 
   int descriptor_;
   std::ptrdiff_t size_ = 0;

@@ -151,15 +151,15 @@ class Info {
 
 }  // namespace
 
-ResultText AddressText(CQXDataFormat& format, const Endpoint& endpoint, bool has_ports) {
+ResultText EndpointText(CQXDataFormat& format, const Endpoint& endpoint) {
   const std::uint8_t* const octets = endpoint.octets.data();
   switch (endpoint.kind) {
     case Endpoint::Kind::kIpv4:
-      return has_ports ? format.FormatIpPort(FirstOctetLowest(octets), endpoint.port)
-                       : format.FormatIpAddress(FirstOctetLowest(octets));
+      return endpoint.has_port ? format.FormatIpPort(FirstOctetLowest(octets), endpoint.port)
+                               : format.FormatIpAddress(FirstOctetLowest(octets));
     case Endpoint::Kind::kIpv6:
-      return has_ports ? format.FormatIpv6Port(octets, endpoint.port, QXFMT_IPV6_COMPRESSED)
-                       : format.FormatIPv6Address(octets, QXFMT_IPV6_COMPRESSED);
+      return endpoint.has_port ? format.FormatIpv6Port(octets, endpoint.port, QXFMT_IPV6_COMPRESSED)
+                               : format.FormatIPv6Address(octets, QXFMT_IPV6_COMPRESSED);
     case Endpoint::Kind::kLinkLayer:
       return format.FormatMacAddress(octets, endpoint.size);
     default:
@@ -176,6 +176,10 @@ ResultText TimeText(CQXDataFormat& format, const Options& options, std::int64_t 
                               ? format.FormatAllTime(time, options.accuracy)
                               : format.FormatAllDateTime(time, options.accuracy, options.layout);
   return *text != u'\0' ? text : u"-";  // the second 0 has no text
+}
+
+ResultText DurationText(CQXDataFormat& format, const Options& options, std::int64_t nanoseconds) {
+  return format.FormatDurationAllSecond(nanoseconds, options.accuracy, options.durations);
 }
 
 void PutInfo(Output& output, CQXDataFormat& format, const Packet& packet) {

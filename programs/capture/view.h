@@ -24,7 +24,7 @@ class View {
   virtual void Finish() {}
 };
 
-// Each in a file of its own. `width` of the terminal that is written to, SIZE_MAX for none.
+// Each in a file of its own.
 std::unique_ptr<View> MakeList(const Options& options, Output& output);
 std::unique_ptr<View> MakeConversations(const Options& options, Output& output);
 std::unique_ptr<View> MakeSummary(const Options& options, Output& output);
