@@ -18,19 +18,21 @@ namespace {
 // cache, and enough that what it learns of the time zone pays.
 constexpr std::uint64_t kBatch = 128;
 
+constexpr std::size_t kNumberWidth = 6;
+constexpr std::size_t kIpv4Width = 21;  // with a port
 constexpr std::size_t kProtocolWidth = 7;
 constexpr std::size_t kLengthWidth = 6;
-constexpr std::size_t kShortAddress = 15;
-constexpr std::size_t kShortInfo = 12;
+constexpr std::size_t kInfoWidth = 8;  // at least, on a terminal
 
-// How long times and addresses are is not known beforehand: these widths grow.
+// A width of 0 leaves a column out. How long times and addresses are is not known beforehand: their
+// widths grow.
 struct Columns {
-  std::size_t number = 6;  // 0 where there is no room for it
-  std::size_t time = 4;
-  std::size_t source = kShortAddress;
-  std::size_t destination = kShortAddress;
+  std::size_t number = kNumberWidth;
+  std::size_t time = 1;
+  std::size_t source = 15;
+  std::size_t destination = 15;
   std::size_t widest_address = SIZE_MAX;  // a longer one moves the rest of its row
-  std::size_t length = kLengthWidth;      // 0 where there is no room for it
+  std::size_t length = kLengthWidth;
 };
 
 std::string_view Colour(const Packet& packet) {
@@ -76,7 +78,8 @@ class List : public View {
  private:
   void Start(const Record& record) {
     first_ = record.time;
-    columns_.time = std::u16string_view(TimeText(format_, options_, first_, first_)).size();
+    time_width_ = std::u16string_view(TimeText(format_, options_, first_, first_)).size();
+    columns_.time = time_width_;
     FitColumns();
     PutLine("\033[1m", [this] {
       PutRight(u"number", columns_.number);
@@ -89,17 +92,20 @@ class List : public View {
     });
   }
 
-  // On a terminal the info keeps some room: the least important columns make way.
+  // On a terminal what matters less makes way: first the number, then the length, then the time.
   void FitColumns() {
     if (width_ == SIZE_MAX) return;
-    columns_.number = width_ < 90 ? 0 : Columns().number;
-    columns_.length = width_ < 70 ? 0 : Columns().length;
-    std::size_t taken = columns_.time + kProtocolWidth + kShortInfo + 4;
-    for (const std::size_t column : {columns_.number, columns_.length}) {
-      if (column > 0) taken += column + 1;
-    }
-    const std::size_t rest = width_ > taken ? width_ - taken : 0;
-    columns_.widest_address = std::max(kShortAddress, rest / 2);
+    const std::size_t least = 2 * (kIpv4Width + 1) + kProtocolWidth + 1 + kInfoWidth;
+    std::size_t rest = std::max(width_, least) - least;
+    const auto fit = [&rest](std::size_t width) -> std::size_t {
+      if (rest <= width) return 0;
+      rest -= width + 1;
+      return width;
+    };
+    columns_.time = fit(time_width_);
+    columns_.length = fit(kLengthWidth);
+    columns_.number = fit(kNumberWidth);
+    columns_.widest_address = kIpv4Width + rest / 2;
     columns_.source = std::min(columns_.source, columns_.widest_address);
     columns_.destination = std::min(columns_.destination, columns_.widest_address);
   }
@@ -128,6 +134,7 @@ class List : public View {
 
   template <typename Text>
   void PutLeft(Text text, std::size_t width) {
+    if (width == 0) return;
     const std::size_t start = output_.column();
     output_.Put(text);
     const std::size_t used = output_.column() - start;
@@ -137,11 +144,10 @@ class List : public View {
   void PutGrowing(ResultText text, std::size_t& width, std::size_t widest) {
     const std::size_t start = output_.column();
     PutLeft(text, width);
-    const std::size_t used = output_.column() - start - 1;
-    if (used > width) width = std::min(used, widest);
+    const std::size_t used = output_.column() - start;  // with the blank behind it
+    if (width > 0 && used > width + 1) width = std::min(used - 1, widest);
   }
 
-  // A column of width 0 is left out.
   void PutRight(ResultText text, std::size_t width) {
     if (width == 0) return;
     const std::size_t size = std::u16string_view(text).size();
@@ -153,8 +159,9 @@ class List : public View {
   Options options_;
   Output& output_;
   CQXDataFormat format_;
-  Columns columns_;
   std::size_t width_;  // of the terminal
+  Columns columns_;
+  std::size_t time_width_ = 0;
   bool has_colours_;
   std::uint64_t rows_ = 0;
   std::int64_t first_ = 0;  // time of the first packet

@@ -12,6 +12,7 @@
 #include "capture/dissect.h"
 #include "capture/options.h"
 #include "capture/output.h"
+#include "capture/progress.h"
 #include "capture/source.h"
 #include "capture/view.h"
 #include "shared/options.h"
@@ -43,9 +44,12 @@ std::unique_ptr<View> MakeView(const Options& options, Output& output) {
 }
 
 void Show(const Options& options, Source& source, View& view, Output& output) {
+  // The rows of a list on the terminal would run through it.
+  Progress progress(source, options.view != ViewKind::kList || ::isatty(STDOUT_FILENO) == 0);
   std::uint64_t shown = 0;
   Record record;
   while (is_interrupted == 0 && shown < options.count) {
+    progress.Advance();
     switch (source.Next(record)) {
       case Source::Step::kPacket:
         view.Add(record, Dissect(source.link(), record.captured, record.length));

@@ -71,8 +71,7 @@ std::string InterfaceNames() {
     case PCAP_ERROR_PERM_DENIED:
     case PCAP_ERROR_PROMISC_PERM_DENIED:
       throw std::runtime_error("no permission to capture on " + name +
-                               ": run this as root, or give the program the right once with\n"
-                               "  sudo setcap cap_net_raw+ep /path/to/qxfmt-capture");
+                               ": run it as root, sudo qxfmt-capture -i " + name);
     case PCAP_ERROR_IFACE_NOT_UP:
       throw std::runtime_error(name + " is down; to change that: sudo ip link set " + name + " up");
     default:

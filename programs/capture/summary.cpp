@@ -67,8 +67,8 @@ class Summary : public View {
     PutFact("malformed", format_.FormatNumber(malformed_, 1));
     output_.EndLine();
 
-    programs::Table table(
-        {"protocol", "packets", "share", "bytes", "share", "mean size", "packets/s", "rate", ""});
+    programs::Table table({"protocol", "packets", "share", "bytes", "share", "mean size",
+                           "packets/s", "byte rate", "bit rate"});
     for (const Part& part : parts) {
       const auto& [packets, bytes] = part.traffic;
       const double mean =
