@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <compare>
 #include <functional>
 #include <string_view>
 #include <tuple>
@@ -28,7 +27,7 @@ struct Sides {
   Endpoint greater;
   Protocol protocol = Protocol::kUnknown;
 
-  auto operator<=>(const Sides&) const = default;
+  bool operator==(const Sides&) const = default;
 };
 
 struct HashSides {
@@ -83,7 +82,9 @@ auto Order(const Row& row, Sort sort) {
                            : sort == Sort::kDestination ? DestinationOf(row)
                                                         : Endpoint();
   const Protocol protocol = sort == Sort::kProtocol ? row.first.protocol : Protocol::kUnknown;
-  return std::tuple(-Amount(row, sort), address, protocol, row.second.span.first, row.first);
+  const auto& [lesser, greater, own_protocol] = row.first;
+  return std::tuple(-Amount(row, sort), address, protocol, row.second.span.first, lesser, greater,
+                    own_protocol);
 }
 
 class Conversations : public View {

@@ -167,7 +167,7 @@ class Dissection {
   void ReadIpv4() {
     packet_.protocol = Protocol::kIpv4;
     if (!Has(20)) return;
-    const std::size_t header = 4U * (bytes_[0] & 0xFU);
+    const std::size_t header = (bytes_[0] & 0xFU) << 2;
     const std::size_t total = Read16(2);  // 0 where the network card is to split the packet
     if (bytes_[0] >> 4 != 4 || header < 20 || (total != 0 && total < header)) {
       return SetMalformed();
@@ -245,7 +245,7 @@ class Dissection {
     packet_.protocol = Protocol::kTcp;
     if (!ReadPorts() || !Has(14)) return;
     packet_.tcp_flags = bytes_[13];
-    const std::size_t header = 4U * (bytes_[12] >> 4U);
+    const std::size_t header = (bytes_[12] & 0xF0U) >> 2;
     if (header < 20) return SetMalformed();
     Has(header);
   }

@@ -4,10 +4,10 @@
 // and never reads beyond what was captured.
 
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <tuple>
 
 namespace capture {
 
@@ -55,7 +55,11 @@ struct Endpoint {
   bool has_port = false;
   std::uint16_t port = 0;
 
-  auto operator<=>(const Endpoint&) const = default;
+  bool operator==(const Endpoint&) const = default;
+  bool operator<(const Endpoint& other) const {
+    return std::tie(kind, size, octets, has_port, port) <
+           std::tie(other.kind, other.size, other.octets, other.has_port, other.port);
+  }
 };
 
 // The question or answer of an ARP packet for IPv4 on Ethernet.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "capture/csv.h"
 #include "capture/packet_text.h"
@@ -29,8 +30,8 @@ constexpr std::size_t kInfoWidth = 8;  // at least, on a terminal
 struct Columns {
   std::size_t number = kNumberWidth;
   std::size_t time = 1;
-  std::size_t source = 15;
-  std::size_t destination = 15;
+  std::size_t source = kIpv4Width;
+  std::size_t destination = kIpv4Width;
   std::size_t widest_address = SIZE_MAX;  // a longer one moves the rest of its row
   std::size_t length = kLengthWidth;
 };
@@ -169,7 +170,7 @@ class List : public View {
 
 class CsvList : public View {
  public:
-  CsvList(const Options& options, Output& output) : options_(options), output_(output) {
+  CsvList(Options options, Output& output) : options_(std::move(options)), output_(output) {
     csv_.PutHeadings(
         "number,time,source,source port,destination,destination port,protocol,length,info");
   }
