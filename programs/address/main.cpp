@@ -23,11 +23,14 @@
 #include "address/options.h"
 #include "address/reading.h"
 #include "shared/options.h"
+#include "shared/printable.h"
 #include "shared/utf8.h"
 
 namespace address {
 
 namespace {
+
+using programs::Printable;
 
 // Far beyond the longest text that any operation accepts, not counting the blanks before an IPv6
 // address: the library passes over any number of them.
@@ -35,17 +38,8 @@ constexpr std::size_t kMaxBytes = 256;
 
 constexpr std::string_view kBlanks = " \t\r";
 
-// For a terminal: no control characters, whatever was typed.
-std::string Shown(const std::string& text) {
-  std::u16string units = programs::FromUtf8(text);
-  for (char16_t& unit : units) {
-    if (unit < u' ' || (unit >= 0x7F && unit < 0xA0)) unit = u'?';
-  }
-  return programs::ToUtf8(units);
-}
-
 bool Refuse(const std::string& typed, const std::string& reason) {
-  std::cerr << "qxfmt-address: " << Shown(typed) << ": " << reason << "\n";
+  std::cerr << "qxfmt-address: " << Printable(typed) << ": " << reason << "\n";
   return false;
 }
 
@@ -53,7 +47,7 @@ bool Show(const std::string& typed) {
   if (typed.size() > kMaxBytes) return Refuse(typed.substr(0, 40) + "...", "too long");
   const Reading reading = Read(programs::FromUtf8(typed));
   if (reading.values.empty()) return Refuse(typed, reading.refusal);
-  std::cout << Shown(typed) << "\n";
+  std::cout << Printable(typed) << "\n";
   for (const Value& value : reading.values) std::cout << Forms(value);
   return true;
 }

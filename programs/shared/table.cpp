@@ -17,6 +17,14 @@ std::size_t Width(std::string_view cell) {
   }));
 }
 
+// In quotes, where it would not be one cell without them.
+std::string Quoted(std::string_view cell) {
+  if (cell.find_first_of(",\"\n") == std::string_view::npos) return std::string(cell);
+  std::string quoted = "\"";
+  for (const char byte : cell) quoted.append(byte == '"' ? 2 : 1, byte);
+  return quoted += '"';
+}
+
 }  // namespace
 
 Table::Table(const std::vector<std::string>& headings, std::size_t left)
@@ -37,7 +45,13 @@ std::string_view Table::Cell(std::size_t index) const {
 }
 
 std::string Table::ToString(std::size_t width, const std::vector<std::size_t>& dispensable) const {
-  std::vector<std::size_t> widths(columns_);
+  std::vector<std::size_t> widths;
+  return ToString(width, dispensable, widths);
+}
+
+std::string Table::ToString(std::size_t width, const std::vector<std::size_t>& dispensable,
+                            std::vector<std::size_t>& widths) const {
+  widths.resize(columns_);
   for (std::size_t i = 0; i < ends_.size(); ++i) {
     widths[i % columns_] = std::max(widths[i % columns_], Width(Cell(i)));
   }
@@ -65,6 +79,15 @@ std::string Table::ToString(std::size_t width, const std::vector<std::size_t>& d
     text.erase(text.find_last_not_of(' ') + 1);
     text += '\n';
     line = text.size();
+  }
+  return text;
+}
+
+std::string Table::ToCsv() const {
+  std::string text;
+  for (std::size_t i = 0; i < ends_.size(); ++i) {
+    text += Quoted(Cell(i));
+    text += (i + 1) % columns_ == 0 ? '\n' : ',';
   }
   return text;
 }

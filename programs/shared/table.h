@@ -23,6 +23,14 @@ class Table {
   std::string ToString(std::size_t width = SIZE_MAX,
                        const std::vector<std::size_t>& dispensable = {}) const;
 
+  // As above, with columns at least as wide as `widths`, which become what is shown: those of a
+  // table that is shown again and again do not jump.
+  std::string ToString(std::size_t width, const std::vector<std::size_t>& dispensable,
+                       std::vector<std::size_t>& widths) const;
+
+  // Comma-separated values (RFC 4180).
+  std::string ToCsv() const;
+
  private:
   std::string_view Cell(std::size_t index) const;
 

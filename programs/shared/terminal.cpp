@@ -9,18 +9,34 @@
 
 namespace programs {
 
-std::size_t LineWidth(int descriptor) {
+namespace {
+
+winsize SizeOf(int descriptor) {
   winsize size{};
-  if (::isatty(descriptor) == 0) return SIZE_MAX;
-  if (::ioctl(descriptor, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return 80;
-  return size.ws_col;
+  const bool is_known = ::ioctl(descriptor, TIOCGWINSZ, &size) == 0;
+  if (!is_known || size.ws_col == 0) size.ws_col = 80;
+  if (!is_known || size.ws_row == 0) size.ws_row = 24;
+  return size;
+}
+
+}  // namespace
+
+std::size_t LineWidth(int descriptor) {
+  return ::isatty(descriptor) == 0 ? SIZE_MAX : SizeOf(descriptor).ws_col;
+}
+
+std::size_t LineCount(int descriptor) {
+  return ::isatty(descriptor) == 0 ? SIZE_MAX : SizeOf(descriptor).ws_row;
+}
+
+bool TakesEscapes(int descriptor) {
+  const char* const terminal = std::getenv("TERM");
+  return ::isatty(descriptor) != 0 && terminal != nullptr && terminal != std::string_view("dumb");
 }
 
 bool TakesColours(int descriptor) {
   const char* const refused = std::getenv("NO_COLOR");
-  const char* const terminal = std::getenv("TERM");
-  if (refused != nullptr && *refused != '\0') return false;
-  return ::isatty(descriptor) != 0 && terminal != nullptr && terminal != std::string_view("dumb");
+  return (refused == nullptr || *refused == '\0') && TakesEscapes(descriptor);
 }
 
 }  // namespace programs

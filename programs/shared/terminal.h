@@ -9,6 +9,12 @@ namespace programs {
 // Characters in a line of the terminal, SIZE_MAX where it is none.
 std::size_t LineWidth(int descriptor);
 
+// Lines of the terminal, SIZE_MAX where it is none.
+std::size_t LineCount(int descriptor);
+
+// Whether it is a terminal that takes escape sequences.
+bool TakesEscapes(int descriptor);
+
 // Whether colours are welcome: on a terminal that has them, unless the user wants none
 // (https://no-color.org).
 bool TakesColours(int descriptor);
