@@ -10,13 +10,6 @@ namespace {
 
 constexpr std::size_t kGap = 2;  // blanks between columns
 
-// One column for each character: no cell of ours holds wide or combining ones.
-std::size_t Width(std::string_view cell) {
-  return static_cast<std::size_t>(std::count_if(cell.begin(), cell.end(), [](char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-  }));
-}
-
 // In quotes, where it would not be one cell without them.
 std::string Quoted(std::string_view cell) {
   if (cell.find_first_of(",\"\n") == std::string_view::npos) return std::string(cell);
@@ -26,6 +19,12 @@ std::string Quoted(std::string_view cell) {
 }
 
 }  // namespace
+
+std::size_t Width(std::string_view cell) {
+  return static_cast<std::size_t>(std::count_if(cell.begin(), cell.end(), [](char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+  }));
+}
 
 Table::Table(const std::vector<std::string>& headings, std::size_t left)
     : columns_(headings.size()), left_(left) {
@@ -83,9 +82,9 @@ std::string Table::ToString(std::size_t width, const std::vector<std::size_t>& d
   return text;
 }
 
-std::string Table::ToCsv() const {
+std::string Table::ToCsv(bool with_headings) const {
   std::string text;
-  for (std::size_t i = 0; i < ends_.size(); ++i) {
+  for (std::size_t i = with_headings ? 0 : columns_; i < ends_.size(); ++i) {
     text += Quoted(Cell(i));
     text += (i + 1) % columns_ == 0 ? '\n' : ',';
   }

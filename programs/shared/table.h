@@ -9,6 +9,9 @@
 
 namespace programs {
 
+// Columns that a text takes: one for each character. No cell of ours holds wide or combining ones.
+std::size_t Width(std::string_view cell);
+
 class Table {
  public:
   // The first `left` columns are aligned left, the others right.
@@ -28,8 +31,8 @@ class Table {
   std::string ToString(std::size_t width, const std::vector<std::size_t>& dispensable,
                        std::vector<std::size_t>& widths) const;
 
-  // Comma-separated values (RFC 4180).
-  std::string ToCsv() const;
+  // Comma-separated values (RFC 4180), the headings only if they are asked for.
+  std::string ToCsv(bool with_headings = true) const;
 
  private:
   std::string_view Cell(std::size_t index) const;

@@ -1,5 +1,6 @@
 #include "shared/terminal.h"
 
+#include <langinfo.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -38,5 +39,7 @@ bool TakesColours(int descriptor) {
   const char* const refused = std::getenv("NO_COLOR");
   return (refused == nullptr || *refused == '\0') && TakesEscapes(descriptor);
 }
+
+bool IsUtf8Locale() { return ::nl_langinfo(CODESET) == std::string_view("UTF-8"); }
 
 }  // namespace programs

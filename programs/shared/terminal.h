@@ -19,4 +19,7 @@ bool TakesEscapes(int descriptor);
 // (https://no-color.org).
 bool TakesColours(int descriptor);
 
+// Whether the locale says that texts are UTF-8. Without a call of setlocale it says no.
+bool IsUtf8Locale();
+
 }  // namespace programs
