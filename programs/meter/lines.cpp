@@ -69,6 +69,7 @@ void PrintLines(const Options& options) {
   Repeat(options, rates, [&](const Round& round) {
     Print("\n");
     Print(Stamp(format, options, round.time - start) + "\n");
+    if (round.loads.empty()) Print(std::string(WhyNone(options.selection)) + "\n");
     Print(table.ToString(format, options, round, RowsOf(round), Width()));
     format.Reset();  // its texts are printed
   });

@@ -113,8 +113,8 @@ int Live::Run() {
     if (Clock::now() < next) continue;
     Read();
     ++round;
-    next =
-        std::max(next + interval, Clock::now());  // after a pause there is nothing to make up for
+    next += interval;
+    if (next < Clock::now()) next = Clock::now() + interval;  // after a pause
   }
   return 0;
 }
@@ -166,7 +166,7 @@ std::string Live::KeyLine(std::size_t hidden) const {
   line += kOrderNames[static_cast<std::size_t>(options_.order)];
   line += options_.bits ? "  b bytes  u unit: " : "  b bits  u unit: ";
   line += kUnitNames[options_.unit];
-  if (round_.loads.empty()) line += "  no such interface is up";
+  if (round_.loads.empty()) line += std::string("  ") + WhyNone(options_.selection);
   if (hidden > 0) line += "  no room for " + std::to_string(hidden) + " more";
   return Coloured(kDim, line);
 }

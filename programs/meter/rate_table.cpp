@@ -139,8 +139,9 @@ std::string RateTable::ToString(CQXDataFormat& format, const Options& options, c
   for (const Column& column : kColumns) {
     if (in_both_units_ || &column != &kColumns[kOtherRate]) columns.push_back(&column);
   }
-  std::vector<std::string> headings;
-  for (const Column* const column : columns) headings.emplace_back(column->heading);
+  std::vector<std::string> headings(columns.size());
+  std::transform(columns.begin(), columns.end(), headings.begin(),
+                 [](const Column* column) { return column->heading; });
   programs::Table table(headings, kLeft);
   for (const Row& row : rows) {
     const Context context{format, options, row, *row.flow, round.time};

@@ -25,6 +25,11 @@ std::vector<Interface> Select(std::vector<Interface> interfaces, const Selection
   return interfaces;
 }
 
+const char* WhyNone(const Selection& selection) {
+  return selection.patterns.empty() ? "no interface is up; --all shows those that are down"
+                                    : "no such interface is there now";
+}
+
 void CheckPatterns(const std::vector<Interface>& interfaces, const Selection& selection) {
   for (const std::string& pattern : selection.patterns) {
     const bool is_known =

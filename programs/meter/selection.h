@@ -17,6 +17,9 @@ struct Selection {
 // What is selected of all interfaces.
 std::vector<Interface> Select(std::vector<Interface> interfaces, const Selection& selection);
 
+// Why nothing may be selected, for the user.
+const char* WhyNone(const Selection& selection);
+
 // Throws std::runtime_error with what there is, if no interface goes by one of the patterns.
 void CheckPatterns(const std::vector<Interface>& interfaces, const Selection& selection);
 

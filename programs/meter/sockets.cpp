@@ -101,8 +101,8 @@ std::u16string Text(CQXDataFormat& format, const Endpoint& endpoint) {
     if (has_port) return format.FormatIpv6Port(octets, endpoint.port, form);
     return std::u16string(u"[") + format.FormatIPv6Address(octets, form) + u"]:*";
   }
-  const std::uint32_t address = octets[0] | octets[1] << 8 | octets[2] << 16 |
-                                std::uint32_t{octets[3]} << 24;  // first octet lowest
+  std::uint32_t address = 0;  // first octet in the lowest byte
+  for (unsigned i = 0; i < 4; ++i) address |= std::uint32_t{octets[i]} << (8 * i);
   if (has_port) return format.FormatIpPort(address, endpoint.port);
   return std::u16string(format.FormatIpAddress(address)) + u":*";
 }
