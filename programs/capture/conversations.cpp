@@ -131,8 +131,9 @@ class Conversations : public View {
         table.Add(format_.FormatNumber(way.packets, 1));
       }
       const std::uint64_t bytes = conversation.sent.bytes + conversation.received.bytes;
-      const double rate = conversation.span.Rate(bytes);
-      table.Add(rate > 0 ? format_.FormatBitPerSecond(8 * rate, options_.unit, 2) : u"-");
+      const bool has_rate = conversation.span.nanoseconds() > 0;
+      const double rate = 8 * conversation.span.Rate(bytes);
+      table.Add(has_rate ? format_.FormatBitPerSecond(rate, options_.unit, 2) : u"-");
       table.Add(format_.FormatPercentage(Share(bytes, bytes_)));
       table.Add(TimeText(format_, options_, conversation.span.first, first_));
       table.Add(DurationText(format_, options_, conversation.span.nanoseconds()));
@@ -157,8 +158,9 @@ class Conversations : public View {
         csv.PutCell(format_.FormatNumber(way.packets, 0));
       }
       const std::uint64_t bytes = conversation.sent.bytes + conversation.received.bytes;
-      const double rate = conversation.span.Rate(bytes);
-      csv.PutCell(rate > 0 ? format_.FormatNumberEx(8 * rate, 2, 0) : u"");
+      const bool has_rate = conversation.span.nanoseconds() > 0;
+      const double rate = 8 * conversation.span.Rate(bytes);
+      csv.PutCell(has_rate ? format_.FormatNumberEx(rate, 2, 0) : u"");
       csv.PutCell(format_.FormatPercentage(Share(bytes, bytes_)));
       csv.PutCell(TimeText(format_, options_, conversation.span.first, first_));
       csv.PutCell(DurationText(format_, options_, conversation.span.nanoseconds()));

@@ -72,6 +72,10 @@ void Run(const Options& options) {
                                             : Source::OpenInterface(options.interface);
   if (!options.filter.empty()) source.SetFilter(options.filter);
   if (source.size() == 0) FinishOnInterrupt();
+  if (source.link() == Link::kUnknown) {
+    std::fprintf(stderr, "qxfmt-capture: packets of the link type %s show without their content\n",
+                 source.link_name().c_str());
+  }
 
   // What was read before a capture turned out to be damaged is shown as well.
   Output output(STDOUT_FILENO);

@@ -175,6 +175,12 @@ void Source::Wait() const {
   ::poll(&waiting, 1, kWait);
 }
 
+std::string Source::link_name() const {
+  const int type = ::pcap_datalink(handle_.get());
+  const char* const name = ::pcap_datalink_val_to_name(type);
+  return name != nullptr ? name : std::to_string(type);
+}
+
 std::uint64_t Source::position() const {
   return static_cast<std::uint64_t>(::ftello(::pcap_file(handle_.get())));
 }

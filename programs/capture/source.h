@@ -42,6 +42,7 @@ class Source {
   void Wait() const;
 
   Link link() const { return link_; }
+  std::string link_name() const;
   std::uint64_t size() const { return size_; }  // bytes of a file, 0 of any other source
   std::uint64_t position() const;               // bytes of it that are read
   std::uint64_t dropped() const;                // packets that came too fast to be captured live

@@ -73,6 +73,7 @@ class Summary : public View {
       const auto& [packets, bytes] = part.traffic;
       const double mean =
           packets == 0 ? 0 : static_cast<double>(bytes) / static_cast<double>(packets);
+      const bool has_rate = part.span.nanoseconds() > 0;
       const double rate = part.span.Rate(bytes);
       table.Add(part.name);
       table.Add(format_.FormatNumber(packets, 1));
@@ -80,9 +81,9 @@ class Summary : public View {
       table.Add(format_.FormatByte(bytes, options_.unit, 2));
       table.Add(format_.FormatPercentage(Share(bytes, total_.traffic.bytes)));
       table.Add(format_.FormatNumberEx(mean, 2, 1));
-      table.Add(format_.FormatNumberEx(part.span.Rate(packets), 2, 1));
-      table.Add(format_.FormatBytePerSecond(rate, options_.unit, 2));
-      table.Add(format_.FormatBitPerSecond(8 * rate, options_.unit, 2));
+      table.Add(has_rate ? format_.FormatNumberEx(part.span.Rate(packets), 2, 1) : u"-");
+      table.Add(has_rate ? format_.FormatBytePerSecond(rate, options_.unit, 2) : u"-");
+      table.Add(has_rate ? format_.FormatBitPerSecond(8 * rate, options_.unit, 2) : u"-");
     }
     output_.PutLines(table.ToString(programs::LineWidth(STDOUT_FILENO), {5, 7, 6, 2, 4}));
   }
@@ -108,8 +109,9 @@ class Summary : public View {
       csv.PutCell(format_.FormatPercentage(Share(packets, total_.traffic.packets)));
       csv.PutCell(format_.FormatNumber(bytes, 0));
       csv.PutCell(format_.FormatPercentage(Share(bytes, total_.traffic.bytes)));
-      csv.PutCell(format_.FormatNumberEx(part.span.Rate(packets), 2, 0));
-      csv.PutCell(format_.FormatNumberEx(8 * part.span.Rate(bytes), 2, 0));
+      const bool has_rate = part.span.nanoseconds() > 0;
+      csv.PutCell(has_rate ? format_.FormatNumberEx(part.span.Rate(packets), 2, 0) : u"");
+      csv.PutCell(has_rate ? format_.FormatNumberEx(8 * part.span.Rate(bytes), 2, 0) : u"");
       csv.PutCell(TimeText(format_, options_, part.span.first, first_));
       csv.PutCell(TimeText(format_, options_, part.span.last, first_));
       csv.PutCell(DurationText(format_, options_, part.span.nanoseconds()));
