@@ -4,7 +4,6 @@
 
 #include <qxfmt/utf8.h>
 
-
 namespace programs {
 
 namespace {
