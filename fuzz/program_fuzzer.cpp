@@ -24,10 +24,11 @@ const int zone = setenv("TZ", "AAA-1BBB,M3.5.0,M10.5.0", 1);
 // A formatter with its results since the last reset.
 class Life {
  public:
-  ~Life() { CheckResults(); }
+  ~Life() { Reset(); }
 
   void Reset() {
-    CheckResults();
+    for (const auto& [result, text] : results_) Check(result == text);
+    results_.clear();
     format_.Reset();
   }
 
@@ -43,11 +44,6 @@ class Life {
   }
 
  private:
-  void CheckResults() {
-    for (const auto& [result, text] : results_) Check(result == text);
-    results_.clear();
-  }
-
   Formatter format_;
   std::vector<std::pair<std::u16string_view, std::u16string>> results_;
 };

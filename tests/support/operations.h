@@ -83,8 +83,8 @@ struct Units : std::vector<char16_t> {
 class Formatter : public CQXDataFormat {
  public:
   ResultText FormatIntoArea(std::uint32_t address, std::int32_t length) {
-    char16_t area[16];
-    return Show(FormatIpAddress(address, area, length));
+    char16_t area[16];  // of which the last units are given
+    return Show(FormatIpAddress(address, std::end(area) - std::clamp(length, 0, 16), length));
   }
 
   ResultText FormatOctets(const Octets& octets) {
