@@ -29,6 +29,7 @@
 #include <cstdint>
 
 #include <qxfmt/export.h>
+#include <qxfmt/integer_types.h>
 #include <qxfmt/text.h>
 
 /// @name IPv4 addresses and ports
@@ -62,6 +63,12 @@ QXFMT_API std::int32_t QXFMT_IsValidPort(WideText text);
 
 /// 1 for every port, 0 and 65535 included.
 QXFMT_API std::int32_t QXFMT_IsValidPort(std::uint16_t port);
+
+/// Whether an integer of another type is 0 to 65535. `QXFMT_IsValidPort(65536)` gives 0.
+template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint16_t>>
+std::int32_t QXFMT_IsValidPort(Integer port) {
+  return !qxfmt::IsNegative(port) && static_cast<std::uint64_t>(port) <= 0xFFFF ? 1 : 0;
+}
 /// @}
 
 /// @name IPv4 netmasks

@@ -4,6 +4,7 @@
 /// The formatter: raw values in, short UTF-16 texts out.
 
 #include <cstdint>
+#include <type_traits>
 
 #include <qxfmt/block_buffer.h>
 #include <qxfmt/export.h>
@@ -12,6 +13,11 @@
 #include <qxfmt/text.h>
 
 class GrowableText;
+
+#if defined(__clang__)
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wgcc-compat"  // the place of QXFMT_REFUSE_NEGATIVE
+#endif
 
 /// Turns values into display text. The texts lie in an arena of the object.
 ///
@@ -383,40 +389,123 @@ class QXFMT_API CQXDataFormat {
   ResultText FormatHiResTimeRange(std::int64_t milliseconds);
   /// @}
 
-  /// @name Integer types of the same width under another name
-  /// `unsigned long long` where `std::uint64_t` is `unsigned long`, and the like. `FormatNumberEx`
-  /// and the rates take any unsigned type; a signed one does not compile.
+  /// @name Numbers of other types
+  /// What an ordinary call means, where the overloads above alone would be ambiguous: `int`, `long`
+  /// and `unsigned long long` for one. Each of these calls an overload above, and its text, blocks,
+  /// limits and failures are the same. What cannot be guessed does not compile. `bool` is no number
+  /// here.
   /// @{
 
   /// The overload for the width and the sign of `Integer`.
+  /// `FormatNumber(-1234567LL, 1)` gives "-1,234,567".
   template <typename Integer, typename = qxfmt::OtherInteger<Integer>>
   ResultText FormatNumber(Integer value, std::int32_t grouped) {
     return FormatNumber(static_cast<qxfmt::FixedWidth<Integer>>(value), grouped);
   }
-  /// The overload for `std::uint64_t`: a least count of digits.
-  template <typename Integer, typename = qxfmt::OtherUnsigned<Integer>>
+
+  /// The overload for `std::uint64_t`: a least count of digits. A negative number is that of
+  /// `FormatNumber`, without leading zeros.
+  /// `FormatNumberEx(5, 3, 0)` gives "005", `FormatNumberEx(-5, 3, 0)` gives "-5".
+  template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint64_t>>
   ResultText FormatNumberEx(Integer value, std::int32_t places, std::int32_t grouped) {
-    return FormatNumberEx(std::uint64_t{value}, places, grouped);
+    if (qxfmt::IsNegative(value)) return FormatNumber(static_cast<std::int64_t>(value), grouped);
+    return FormatNumberEx(static_cast<std::uint64_t>(value), places, grouped);
   }
-  /// The overload for `std::uint64_t`.
-  template <typename Integer, typename = qxfmt::OtherUnsigned<Integer>>
+
+  /// The overload for a double, which holds integers up to 2^53 without loss.
+  /// `FormatDecimal(5)` gives "5.00".
+  template <typename Integer, typename = qxfmt::IntegerExcept<Integer>>
+  ResultText FormatDecimal(Integer value) {
+    return FormatDecimal(static_cast<double>(value));
+  }
+
+  /// The overload for `std::uint64_t`. A negative count is taken modulo 2^64; where the compiler
+  /// knows that it is negative, the call does not compile (clang always knows a constant, g++ when
+  /// it optimizes).
+  /// `FormatByte(1536, 2)` gives "1.50 KB".
+  template <typename Integer, typename = qxfmt::SignedInteger<Integer>>
+  ResultText FormatByte(Integer value, std::int32_t places) QXFMT_REFUSE_NEGATIVE(value) {
+    return FormatByte(qxfmt::ExpectCount(value), places);
+  }
+  /// The overload for `std::uint64_t`. A negative count as where no unit is given.
+  /// `FormatByte(1536, QXFMT_BYTES_B, 0)` gives "1,536 B".
+  template <typename Integer, typename = qxfmt::SignedInteger<Integer>>
+  ResultText FormatByte(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places)
+      QXFMT_REFUSE_NEGATIVE(value) {
+    return FormatByte(qxfmt::ExpectCount(value), unit, places);
+  }
+  /// The overload for `std::uint64_t`. A negative count as in `FormatByte`.
+  /// `FormatBit(1500, 2)` gives "1.50 Kb".
+  template <typename Integer, typename = qxfmt::SignedInteger<Integer>>
+  ResultText FormatBit(Integer value, std::int32_t places) QXFMT_REFUSE_NEGATIVE(value) {
+    return FormatBit(qxfmt::ExpectCount(value), places);
+  }
+  /// The overload for `std::uint64_t`. A negative count as in `FormatByte`.
+  /// `FormatBit(1500, QXFMT_BYTES_B, 0)` gives "1,500 b".
+  template <typename Integer, typename = qxfmt::SignedInteger<Integer>>
+  ResultText FormatBit(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places)
+      QXFMT_REFUSE_NEGATIVE(value) {
+    return FormatBit(qxfmt::ExpectCount(value), unit, places);
+  }
+
+  /// The overload for `std::uint64_t`, or for a double if the rate is negative, so that its sign
+  /// shows.
+  /// `FormatBytePerSecond(1536)` gives "1.50 KBps".
+  template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint64_t>>
   ResultText FormatBytePerSecond(Integer value) {
-    return FormatBytePerSecond(std::uint64_t{value});
+    if (qxfmt::IsNegative(value)) return FormatBytePerSecond(static_cast<double>(value));
+    return FormatBytePerSecond(static_cast<std::uint64_t>(value));
   }
-  /// The overload for `std::uint64_t`.
-  template <typename Integer, typename = qxfmt::OtherUnsigned<Integer>>
+  /// The overload for `std::uint64_t`, or for a double if the rate is negative.
+  /// `FormatBytePerSecond(-1536, QXFMT_BYTES_KB, 1)` gives "-1.5 KBps".
+  template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint64_t>>
   ResultText FormatBytePerSecond(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places) {
-    return FormatBytePerSecond(std::uint64_t{value}, unit, places);
+    if (qxfmt::IsNegative(value)) {
+      return FormatBytePerSecond(static_cast<double>(value), unit, places);
+    }
+    return FormatBytePerSecond(static_cast<std::uint64_t>(value), unit, places);
   }
-  /// The overload for `std::uint64_t`.
-  template <typename Integer, typename = qxfmt::OtherUnsigned<Integer>>
+  /// The overload for `std::uint64_t`, or for a double if the rate is negative.
+  /// `FormatBitPerSecond(1000)` gives "1.00 Kbps", `FormatBitPerSecond(-1000)` gives "-1000.00
+  /// bps".
+  template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint64_t>>
   ResultText FormatBitPerSecond(Integer value) {
-    return FormatBitPerSecond(std::uint64_t{value});
+    if (qxfmt::IsNegative(value)) return FormatBitPerSecond(static_cast<double>(value));
+    return FormatBitPerSecond(static_cast<std::uint64_t>(value));
   }
-  /// The overload for `std::uint64_t`.
-  template <typename Integer, typename = qxfmt::OtherUnsigned<Integer>>
+  /// The overload for `std::uint64_t`, or for a double if the rate is negative.
+  /// `FormatBitPerSecond(1000, QXFMT_BYTES_KB, 0)` gives "1 Kbps".
+  template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint64_t>>
   ResultText FormatBitPerSecond(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places) {
-    return FormatBitPerSecond(std::uint64_t{value}, unit, places);
+    if (qxfmt::IsNegative(value)) {
+      return FormatBitPerSecond(static_cast<double>(value), unit, places);
+    }
+    return FormatBitPerSecond(static_cast<std::uint64_t>(value), unit, places);
+  }
+
+  /// A number with a fraction: the overload for `float`, of the nearest one. An integer of 32 bits:
+  /// the one for `std::int32_t`, which is modulo 2^32 anyway. A wider integer does not compile.
+  /// `FormatPercentage(0.123)` gives "12.30%", `FormatPercentage(1U)` gives "100%".
+  template <typename Number, typename = qxfmt::OtherRatio<Number>>
+  ResultText FormatPercentage(Number value) {
+    if constexpr (std::is_floating_point_v<Number>) {
+      return FormatPercentage(static_cast<float>(value));
+    } else {
+      static_assert(sizeof(Number) == 4,
+                    "FormatPercentage of an integer is 32 bits wide: pass std::int32_t or a float");
+      return FormatPercentage(static_cast<std::int32_t>(value));
+    }
+  }
+
+  /// The overload for 32 bits, if `Integer` is unsigned and that wide. Any other integer does not
+  /// compile: the text has all bits of the type, and a 5 does not say how many it means.
+  template <typename Integer,
+            typename = qxfmt::IntegerExcept<Integer, std::uint8_t, std::uint16_t, std::uint32_t>>
+  ResultText FormatBinary(Integer value) {
+    static_assert(std::is_unsigned_v<Integer> && sizeof(Integer) == 4,
+                  "FormatBinary shows as many bits as its type has: pass std::uint8_t, "
+                  "std::uint16_t or std::uint32_t");
+    return FormatBinary(static_cast<std::uint32_t>(value));
   }
   /// @}
 
@@ -449,3 +538,7 @@ class QXFMT_API CQXDataFormat {
  private:
   CQXBlockBuffer blocks_;
 };
+
+#if defined(__clang__)
+#pragma clang diagnostic pop
+#endif

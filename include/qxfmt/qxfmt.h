@@ -11,6 +11,7 @@
 /// - settings.h has the display settings of the process.
 /// - formats.h has the enumerations, text.h the types of text.
 /// - `GrowableText` and `StatusException` belong to worded durations.
+/// - utf8.h has `qxfmt::Utf8`, which makes results and any other UTF-16 printable, and the way back.
 
 #include <qxfmt/address.h>
 #include <qxfmt/block_buffer.h>
@@ -20,3 +21,4 @@
 #include <qxfmt/growable_text.h>
 #include <qxfmt/settings.h>
 #include <qxfmt/text.h>
+#include <qxfmt/utf8.h>

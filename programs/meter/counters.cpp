@@ -1,31 +1,24 @@
 #include "meter/counters.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <sstream>
 #include <stdexcept>
+
+#include "meter/files.h"
 
 namespace meter {
 
 namespace {
 
-// The first line of a file under /sys; empty if there is none or the kernel refuses to tell.
-std::string ReadLine(const std::string& path) {
-  std::ifstream file(path);
-  std::string line;
-  std::getline(file, line);
-  return line;
+constexpr std::size_t kHeadings = 2;  // lines of /proc/net/dev before the first interface
+
+// "bytes packets errs drop", and what else the direction has.
+void ReadDirection(std::istream& fields, int others, Direction& direction) {
+  fields >> direction.bytes >> direction.packets >> direction.errors >> direction.drops;
+  std::uint64_t skipped = 0;
+  for (int i = 0; i < others; ++i) fields >> skipped;
 }
 
-std::uint64_t ReadNumber(const std::string& path) {
-  // A link that is down tells a speed of -1.
-  std::istringstream text(ReadLine(path));
-  std::int64_t number = 0;
-  return text >> number && number > 0 ? static_cast<std::uint64_t>(number) : 0;
-}
-
-// "  eth0: bytes packets errs drop fifo frame compressed multicast bytes packets errs ..."
+// "  eth0: bytes packets errs drop fifo frame compressed multicast bytes packets errs drop ..."
 bool ParseLine(const std::string& line, Interface& interface) {
   const std::size_t colon = line.find(':');
   const std::size_t name = line.find_first_not_of(' ');
@@ -33,40 +26,41 @@ bool ParseLine(const std::string& line, Interface& interface) {
   interface.name = line.substr(name, colon - name);
 
   std::istringstream fields(line.substr(colon + 1));
-  std::uint64_t skipped = 0;
-  fields >> interface.received.bytes >> interface.received.packets >> interface.received.errors;
-  for (int i = 0; i < 5; ++i) fields >> skipped;
-  fields >> interface.sent.bytes >> interface.sent.packets >> interface.sent.errors;
+  ReadDirection(fields, 4, interface.received);
+  ReadDirection(fields, 0, interface.sent);
   return !fields.fail();
 }
 
-std::runtime_error BadLine(const std::string& path, const std::string& line) {
-  return std::runtime_error(path + ": not a line of counters: '" + line + "'");
-}
-
 void ReadEntries(const std::string& directory, Interface& interface) {
+  constexpr const char* kLoopback = "772";  // ARPHRD_LOOPBACK of linux/if_arp.h
   const std::string entries = directory + interface.name;
-  interface.state = ReadLine(entries + "/operstate");
-  interface.megabits = ReadNumber(entries + "/speed");
+  interface.state = ReadFirstLine(entries + "/operstate");
+  const std::string type = ReadFirstLine(entries + "/type");
+  interface.is_loopback = type.empty() ? interface.name == "lo" : type == kLoopback;
+  // A link that is down tells a speed of -1.
+  std::istringstream speed(ReadFirstLine(entries + "/speed"));
+  std::int64_t megabits = 0;
+  if (speed >> megabits && megabits > 0) interface.megabits = static_cast<std::uint64_t>(megabits);
 }
 
 }  // namespace
 
+// Of an interface without a link, a tunnel or the loopback, the kernel knows no state.
+bool IsUp(const Interface& interface) {
+  return interface.state.empty() || interface.state == "up" || interface.state == "unknown";
+}
+
 std::vector<Interface> ReadInterfaces(const std::string& root) {
   const std::string path = root + "/proc/net/dev";
-  std::ifstream file(path);
-  std::string line;
-  constexpr int kHeadings = 2;
-  for (int i = 0; i < kHeadings; ++i) {
-    if (!std::getline(file, line)) {
-      throw std::runtime_error("cannot read " + path + ": " + std::strerror(errno));
-    }
-  }
+  const std::vector<std::string> lines = ReadLines(path);
+  if (lines.size() < kHeadings) throw std::runtime_error(path + " has no counters: it is empty");
 
   std::vector<Interface> interfaces;
-  while (std::getline(file, line)) {
+  for (std::size_t i = kHeadings; i < lines.size(); ++i) {
     Interface interface;
-    if (!ParseLine(line, interface)) throw BadLine(path, line);
+    if (!ParseLine(lines[i], interface)) {
+      throw std::runtime_error(path + ": not a line of counters: '" + lines[i] + "'");
+    }
     ReadEntries(root + "/sys/class/net/", interface);
     interfaces.push_back(interface);
   }

@@ -12,6 +12,7 @@ struct Direction {
   std::uint64_t bytes = 0;
   std::uint64_t packets = 0;
   std::uint64_t errors = 0;
+  std::uint64_t drops = 0;
 };
 
 struct Interface {
@@ -20,7 +21,11 @@ struct Interface {
   Direction sent;
   std::string state;           // "up", "down", "unknown" ...; empty where the kernel tells none
   std::uint64_t megabits = 0;  // link speed in Mbit/s; 0 where the kernel tells none
+  bool is_loopback = false;
 };
+
+// Whether it can carry traffic, as far as the kernel tells.
+bool IsUp(const Interface& interface);
 
 // Reads ROOT/proc/net/dev and the entries under ROOT/sys/class/net. Throws std::runtime_error if
 // the counters cannot be read or do not look as they should.

@@ -1,6 +1,6 @@
 #pragma once
 
-// What happened between two readings of the counters.
+// What happened between two readings of the counters, and since the first one.
 
 #include <chrono>
 #include <cstdint>
@@ -15,32 +15,54 @@ namespace meter {
 
 using Clock = std::chrono::steady_clock;
 
+// One direction of an interface.
+struct Flow {
+  Direction gained;            // since the reading before
+  double rate = 0;             // bytes a second, likewise
+  double packet_rate = 0;      // packets a second, likewise
+  double peak = 0;             // the highest rate yet
+  double average = 0;          // the rate since the first reading
+  double share = 0;            // of what all interfaces but the loopback carried this way
+  std::uint64_t bytes = 0;     // since the first reading
+  std::uint64_t readings = 0;  // yet, without the first
+  std::vector<double> minute;  // the rates of the last minute, the latest one last
+  std::optional<Clock::time_point> traffic;  // the last reading with any
+};
+
 struct Load {
-  std::string name;
-  std::uint64_t received = 0;  // bytes since the reading before
-  std::uint64_t sent = 0;
-  std::uint64_t errors = 0;
-  std::optional<Clock::duration> idle;  // since the last traffic; empty if there was none yet
+  Interface interface;
+  Flow received;
+  Flow sent;
+  Clock::time_point since;  // the first reading
 };
 
 struct Round {
+  Clock::time_point time;
+  std::size_t minute = 0;  // readings in a minute
   std::vector<Load> loads;
-  std::uint64_t bytes = 0;  // of all loads
-  double seconds = 0;       // between the two readings
+  std::optional<Load> total;  // of all but the loopback; empty if there are none
 };
 
-// Keeps the reading before and when each interface last carried traffic.
+// Follows each interface from the first reading that has it to the last one without a gap.
 class Rates {
  public:
-  Rates(std::vector<Interface> interfaces, Clock::time_point time);
+  // `interval` is the time between two readings, in seconds.
+  explicit Rates(double interval);
 
-  // The round from the last reading to this one. An interface that is new shows from the next on.
-  Round Advance(std::vector<Interface> interfaces, Clock::time_point time);
+  // The round from the last reading to this one. An interface that is new starts with 0.
+  Round Advance(const std::vector<Interface>& interfaces, Clock::time_point time);
 
  private:
-  std::map<std::string, Interface> before_;
-  std::map<std::string, Clock::time_point> last_traffic_;
-  Clock::time_point time_;
+  void Advance(Load& load, const Direction& received, const Direction& sent,
+               Clock::time_point time) const;
+  void Advance(Flow& flow, const Direction& gained, Clock::time_point since,
+               Clock::time_point time) const;
+  void AddTotal(Round& round);
+
+  std::size_t minute_;  // readings in a minute
+  std::map<std::string, Load> loads_;
+  std::optional<Load> total_;
+  Clock::time_point time_;  // of the last reading
 };
 
 }  // namespace meter

@@ -10,7 +10,6 @@ struct CQXBlockBuffer::Chunk {
 
   char* begin() { return reinterpret_cast<char*>(this + 1); }
   char* end() { return reinterpret_cast<char*>(this) + size; }
-  std::size_t room() { return static_cast<std::size_t>(end() - begin()); }
 };
 
 CQXBlockBuffer::CQXBlockBuffer(std::uint32_t largest_chunk) : largest_chunk_(largest_chunk) {}
@@ -23,9 +22,8 @@ void CQXBlockBuffer::SetBlockSize(std::uint32_t first_chunk, std::uint32_t growt
 }
 
 void* CQXBlockBuffer::GetBufferFromNextChunk(std::uint32_t size) {
-  // Chunks kept by a reset come first; one that is too small for this block is passed over.
-  Chunk* kept = current_ == nullptr ? first_ : current_->next;
-  while (kept != nullptr && kept->room() < Rounded(size)) kept = kept->next;
+  // Chunks kept by a reset come first. One that is too small for the block leads back here.
+  Chunk* const kept = current_ != nullptr ? current_->next : nullptr;
   Chunk* const chunk = kept != nullptr ? kept : Allocate(Rounded(size));
   if (chunk == nullptr) return nullptr;
   Enter(chunk);
@@ -39,17 +37,15 @@ void CQXBlockBuffer::Enter(Chunk* chunk) {
 }
 
 CQXBlockBuffer::Chunk* CQXBlockBuffer::Allocate(std::size_t block) {
-  // Only called with the list used up, so that the new chunk follows the last one.
-  Chunk* last = current_ == nullptr ? first_ : current_;
-  while (last != nullptr && last->next != nullptr) last = last->next;
-
-  const std::size_t wanted = last == nullptr ? first_chunk_ : last->size * growth_;
+  // Only called with the list used up, so that the new chunk follows the current one.
+  const std::size_t wanted = current_ == nullptr ? first_chunk_ : current_->size * growth_;
+  // A guard: no operation asks for a block that is larger than the first chunk.
   const std::size_t size =
       std::max(std::min<std::size_t>(wanted, largest_chunk_), sizeof(Chunk) + block);
   void* const memory = ::operator new(size, std::nothrow);
   if (memory == nullptr) return nullptr;
   auto* const chunk = new (memory) Chunk{nullptr, size};
-  (last == nullptr ? first_ : last->next) = chunk;
+  (current_ == nullptr ? first_ : current_->next) = chunk;
   return chunk;
 }
 

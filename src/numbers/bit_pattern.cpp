@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::array<qxfmt::Lanes, 16> MakeNibbles() {
+consteval std::array<qxfmt::Lanes, 16> MakeNibbles() {
   std::array<qxfmt::Lanes, 16> nibbles{};
   for (std::uint32_t value = 0; value < 16; ++value) {
     nibbles[value] = qxfmt::MakeLanes(u'0' + (value >> 3), u'0' + (value >> 2 & 1),

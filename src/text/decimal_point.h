@@ -1,10 +1,6 @@
 #pragma once
 
-#if defined(_WIN32)
-#include <clocale>
-#else
-#include <langinfo.h>
-#endif
+#include "platform/platform.h"
 
 namespace qxfmt {
 
@@ -15,15 +11,9 @@ char16_t DecodeDecimalPoint(const char* multibyte);
 // has set another one. Safe beside other threads that read it; like every print of the C library it
 // may not overlap a setlocale call.
 inline char16_t DecimalPoint() {
-#if defined(_WIN32)
-  // The C runtime keeps this structure per thread.
-  return static_cast<char16_t>(*std::localeconv()->_W_decimal_point);
-#else
-  // Only reads the locale, whereas localeconv fills a structure that all threads share.
-  const char* const point = ::nl_langinfo(RADIXCHAR);
+  const char* const point = DecimalPointText();
   const auto first = static_cast<unsigned char>(*point);
   return first != 0 && first < 0x80 ? first : DecodeDecimalPoint(point);
-#endif
 }
 
 }  // namespace qxfmt

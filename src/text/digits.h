@@ -23,7 +23,7 @@ struct SmallNumbers {
 
 namespace detail {
 
-constexpr SmallNumbers MakeSmallNumbers() {
+consteval SmallNumbers MakeSmallNumbers() {
   SmallNumbers numbers{};
   for (std::uint32_t value = 0; value < SmallNumbers::kCount; ++value) {
     const Lanes three = MakeLanes(u'0' + value / 100, u'0' + value / 10 % 10, u'0' + value % 10, 0);
@@ -41,7 +41,7 @@ inline constexpr SmallNumbers kSmallNumbers = detail::MakeSmallNumbers();
 namespace detail {
 
 template <std::uint64_t kBase, std::size_t kCount>
-constexpr std::array<std::uint64_t, kCount> MakePowers() {
+consteval std::array<std::uint64_t, kCount> MakePowers() {
   std::array<std::uint64_t, kCount> powers{};
   std::uint64_t power = 1;
   for (std::uint64_t& entry : powers) {

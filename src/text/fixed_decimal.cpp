@@ -2,14 +2,27 @@
 
 #include <charconv>
 #include <cmath>
+#include <string_view>
 
 namespace qxfmt {
 
+namespace {
+
+// By hand, since the standard libraries' words for a NaN differ.
+std::string_view WordOf(double not_finite) {
+  const std::string_view word = std::isnan(not_finite) ? "-nan" : "-inf";
+  return std::signbit(not_finite) ? word : word.substr(1);
+}
+
+}  // namespace
+
 LongDecimal::LongDecimal(double value, std::int32_t places, Grouping grouping) {
-  const std::to_chars_result end =
-      std::to_chars(text_, text_ + sizeof(text_), value, std::chars_format::fixed, places);
-  size_ = static_cast<std::int32_t>(end.ptr - text_);
   const bool is_finite = std::isfinite(value);
+  const char* const end =
+      is_finite
+          ? std::to_chars(text_, text_ + sizeof(text_), value, std::chars_format::fixed, places).ptr
+          : text_ + WordOf(value).copy(text_, sizeof(text_));
+  size_ = static_cast<std::int32_t>(end - text_);
   decimals_ = is_finite && places > 0 ? 1 + places : 0;
   const std::int32_t whole_digits = size_ - decimals_ - (std::signbit(value) ? 1 : 0);
   commas_ = is_finite && grouping == Grouping::kCommas ? (whole_digits - 1) / 3 : 0;

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/platform.h"
 #include "text/decimal_point.h"
 #include "text/digits.h"
 #include "text/field.h"
@@ -23,15 +24,9 @@ namespace detail {
 
 // A double is mantissa * 2^-shift with a mantissa below 2^53. Its fraction in p decimals is
 // rest * 10^p / 2^shift, rounded; the product has to fit the widest integer that there is.
-#if defined(__SIZEOF_INT128__)
-__extension__ using Widest = unsigned __int128;
-inline constexpr std::int32_t kShortPlaces = 19;  // 53 bits and 10^19 make 117 bits
-#else
-using Widest = std::uint64_t;
-inline constexpr std::int32_t kShortPlaces = 3;  // 53 bits and 10^3 make 63 bits
-#endif
-
 inline constexpr std::int32_t kNarrowPlaces = 3;  // 53 bits and 10^3 make 63 bits
+// In 128 bits 19: 53 bits and 10^19 make 117 bits.
+inline constexpr std::int32_t kShortPlaces = sizeof(Widest) == 16 ? 19 : kNarrowPlaces;
 inline constexpr int kMantissaBits = 53;
 inline constexpr int kWholeExponent = 1075;  // of a double whose mantissa counts ones
 inline constexpr int kWidestBits = 8 * sizeof(Widest);
@@ -108,10 +103,10 @@ class ShortDecimal {
       const bool has_whole = shift < detail::kMantissaBits;
       whole_ = has_whole ? mantissa >> shift : 0;
       const std::uint64_t rest = mantissa - (has_whole ? whole_ << shift : 0);
-      fraction_ = shift < detail::kWidestBits
-                      ? detail::DivideRounded(static_cast<detail::Widest>(rest) * scale, shift,
-                                              whole_, places_)
-                      : 0;
+      fraction_ =
+          shift < detail::kWidestBits
+              ? detail::DivideRounded(static_cast<Widest>(rest) * scale, shift, whole_, places_)
+              : 0;
     }
     if (fraction_ == scale) [[unlikely]] {
       fraction_ = 0;

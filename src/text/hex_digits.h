@@ -15,7 +15,7 @@ inline constexpr char16_t kHexDigitsUpper[] = u"0123456789ABCDEF";
 
 namespace detail {
 
-constexpr std::array<std::uint8_t, 256> MakeHexDigitValues() {
+consteval std::array<std::uint8_t, 256> MakeHexDigitValues() {
   std::array<std::uint8_t, 256> values{};
   values.fill(0xFF);
   for (std::uint8_t i = 0; i < 16; ++i) {
@@ -25,7 +25,7 @@ constexpr std::array<std::uint8_t, 256> MakeHexDigitValues() {
   return values;
 }
 
-constexpr std::array<std::uint32_t, 256> MakeHexPairs(const char16_t* digits) {
+consteval std::array<std::uint32_t, 256> MakeHexPairs(const char16_t* digits) {
   std::array<std::uint32_t, 256> pairs{};
   for (unsigned i = 0; i < 256; ++i) {
     pairs[i] = static_cast<std::uint32_t>(MakeLanes(digits[i >> 4], digits[i & 0xF], 0, 0));

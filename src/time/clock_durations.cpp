@@ -39,7 +39,7 @@ class Clock {
 
 // The static text of a count of 0: a clock or a single digit, and the decimals.
 template <int kDecimals>
-constexpr auto MakeZeroText(std::u16string_view whole) {
+consteval auto MakeZeroText(std::u16string_view whole) {
   std::array<char16_t, std::size_t{8 + 1 + kDecimals + 1}> text{};
   char16_t* out = std::copy(whole.begin(), whole.end(), text.begin());
   if (kDecimals > 0) *out++ = u'.';

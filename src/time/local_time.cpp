@@ -14,15 +14,13 @@ namespace {
 // Windows has no such zones and states no offset.
 std::optional<std::int64_t> OffsetAt(std::int64_t seconds) {
   std::tm local;
-  if (!detail::ConvertToLocal(seconds, local)) return {};
+  if (!ConvertToLocal(seconds, local)) return {};
   const std::chrono::sys_days date =
       std::chrono::year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday;
   const std::int64_t hours = std::int64_t{date.time_since_epoch().count()} * 24 + local.tm_hour;
   const std::int64_t minutes = hours * 60 + local.tm_min;
   const std::int64_t offset = minutes * 60 + local.tm_sec - seconds;
-#if !defined(_WIN32)
-  if (offset != local.tm_gmtoff) return {};
-#endif
+  if (StatedOffset(local).value_or(offset) != offset) return {};
   return offset;
 }
 

@@ -8,32 +8,13 @@
 
 #include <qxfmt/block_buffer.h>
 
+#include "platform/platform.h"
 #include "time/calendar_fields.h"
 #include "time/civil_date.h"
 
 namespace qxfmt {
 
 namespace detail {
-
-#if defined(_WIN32)
-
-inline bool ConvertToLocal(std::int64_t seconds, std::tm& broken_down) {
-  const __time64_t time = seconds;
-  return ::_localtime64_s(&broken_down, &time) == 0;
-}
-
-#else
-
-static_assert(sizeof(std::time_t) == 8, "timestamps reach the year 3000: build with 64-bit time");
-
-// POSIX frees localtime_r from acting as if tzset had been called, but none of the C libraries in
-// use (glibc, musl, the BSDs' and Apple's) leaves the zone unread at a first conversion.
-inline bool ConvertToLocal(std::int64_t seconds, std::tm& broken_down) {
-  const std::time_t time = seconds;
-  return ::localtime_r(&time, &broken_down) != nullptr;
-}
-
-#endif
 
 // The seconds of a span of time, three days. Spans are counted from 1; the first begins with 1970.
 inline constexpr std::int64_t kSpanSeconds = std::int64_t{1} << 18;
@@ -66,7 +47,7 @@ inline bool ToLocalTime(CQXBlockBuffer& arena, std::int64_t seconds, CalendarFie
     return true;
   }
   std::tm broken_down;
-  if (!detail::ConvertToLocal(seconds, broken_down)) return false;
+  if (!ConvertToLocal(seconds, broken_down)) return false;
   span.misses = span.missed == number ? span.misses + 1 : 1;
   span.missed = number;
   if (span.misses == detail::kMissesToRemember) detail::RememberMissedSpan(span);

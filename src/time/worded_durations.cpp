@@ -98,7 +98,7 @@ char16_t* DurationWords::Write(char16_t* out) const {
 
 void CQXDataFormat::FormatDuration(QXFMT_TIME_ACCURACY accuracy, QXFMT_DURATION_FORMAT format,
                                    std::int64_t nanoseconds, GrowableText& result) {
-  constexpr std::int32_t kRoom = 64;
+  constexpr std::int32_t kRoom = qxfmt::Minus::kMaxSize + qxfmt::DurationWords::kMaxSize + 1;
   const qxfmt::DurationWords words(accuracy, format, qxfmt::MagnitudeOf(nanoseconds));
   const qxfmt::Minus minus(nanoseconds < 0 && words.ShowsValue());
   char16_t units[kRoom];

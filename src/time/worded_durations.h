@@ -11,8 +11,9 @@ class DurationWords {
  public:
   // 213503d23h34m33s709ms551us615ns are the words of 2^64 - 1.
   static constexpr std::int32_t kMaxSize = 31;
-  // Of a number and a unit that are written last and then do not show.
-  static constexpr std::int32_t kSlack = 4 + 2;
+  // A value and its unit that are written and then do not show touch four units, and before the
+  // last ones stand 26 at most.
+  static constexpr std::int32_t kSlack = 0;
 
   // The magnitude is unsigned, so that every product and every negated count has its words.
   DurationWords(QXFMT_TIME_ACCURACY accuracy, QXFMT_DURATION_FORMAT format,

@@ -47,6 +47,7 @@ void ExpectAddress(const std::string& peer, WideText text) {
   std::int32_t flag = -1;
   EXPECT_EQ(QXFMT_GetIpAddress(text, &flag), is_read ? address : 0) << peer;
   EXPECT_EQ(flag, has_all ? 1 : 0) << peer;
+  EXPECT_EQ(QXFMT_GetIpAddress(text, nullptr), is_read ? address : 0) << peer;
   EXPECT_EQ(QXFMT_IsValidIpAddress(text), is_valid ? 1 : 0) << peer;
   EXPECT_EQ(QXFMT_IsValidIpMask(text), is_valid ? QXFMT_IsValidIpMask(address) : 0) << peer;
 }
@@ -72,10 +73,21 @@ TEST(Ipv4, AgreesWithRegularExpressionsOnMutatedTexts) {
   EXPECT_EQ(QXFMT_IsValidPort(std::uint16_t{0}), 1);
 }
 
+TEST(Ipv4, ReadsNoFurtherThanTheAnswerNeeds) {
+  for (const auto text : {u"0001.0001.0001.2", u"00000", u"1.2.3.4."}) {
+    EXPECT_EQ(QXFMT_GetIpAddress(WithoutTerminator(text), nullptr), 0U) << Utf8(text);
+  }
+  for (const auto text : {u"000000", u"0000x", u"x"}) {
+    EXPECT_EQ(QXFMT_IsValidPort(WithoutTerminator(text)), 0) << Utf8(text);
+  }
+}
+
 TEST(Netmask, EveryLengthAndOctet) {
-  std::uint64_t ones = 0xFFFFFFFF00000000;  // what comes into the low half is the mask, reversed
+  std::uint64_t ones =
+      0xFFFFFFFF00000000;  // what comes into the low half is the mask, in host order
   for (std::uint32_t bits = 0; bits <= 32; ++bits, ones >>= 1) {
-    const std::uint32_t mask = __builtin_bswap32(static_cast<std::uint32_t>(ones));
+    std::uint32_t mask = 0;
+    for (const int shift : {0, 8, 16, 24}) mask |= (ones >> (24 - shift) & 0xFF) << shift;
     EXPECT_EQ(QXFMT_BitsToMask(static_cast<std::uint8_t>(bits)), mask);
     EXPECT_EQ(QXFMT_MaskToBits(mask), bits);
   }

@@ -1,5 +1,3 @@
-#include <arpa/inet.h>
-
 #include <array>
 #include <regex>
 
@@ -93,11 +91,12 @@ std::string WrittenItsWay(std::string text) {
 
 TEST(Ipv6Parse, AgreesWithAPeerOnMutatedTexts) {
   const auto check = [](const std::string& peer, WideText text) {
-    Bytes meaning = {0xA5};
-    Bytes read = meaning;
+    constexpr Bytes kUntouched = {0xA5};
+    Bytes meaning{};
+    Bytes read = kUntouched;
     const int valid = inet_pton(AF_INET6, WrittenItsWay(peer).c_str(), meaning.data());
     EXPECT_EQ(QXFMT_GetIPv6Address(text, read.data()), valid) << peer;
-    EXPECT_EQ(read, meaning) << peer;  // untouched by both if refused
+    EXPECT_EQ(read, valid == 1 ? meaning : kUntouched) << peer;
     EXPECT_EQ(QXFMT_IsValidIPv6Address(text), valid) << peer;
   };
   const std::string seeds =
@@ -107,4 +106,11 @@ TEST(Ipv6Parse, AgreesWithAPeerOnMutatedTexts) {
       "1.2.3.4 ::1.2.3.256 ::.1._.2_ _1_2::3_:_4 ::1:2:3:4:5:1.2.3.4 ::01.002.003.004 12345:: "
       "1:2:3:4:5:6:.1.2.3 1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1:1 __::";
   ForMutatedTexts(seeds + std::string(97, '_'), u"0127afF:::..  g\t\u0131\uFF11", check);
+}
+
+TEST(Ipv6Parse, ReadsNoFurtherThanTheAnswerNeeds) {
+  const std::u16string texts[] = {u"::" + std::u16string(98, u' '), u"::12345", u"::12x", u":1"};
+  for (const std::u16string& text : texts) {
+    EXPECT_EQ(QXFMT_IsValidIPv6Address(WithoutTerminator(text)), 0) << Utf8(text);
+  }
 }

@@ -24,12 +24,19 @@ TEST(Mac, Octets) {
   EXPECT_EQ(QXFMT_IsValidMacAddress(nullptr, 0), 1);
 }
 
+TEST(Mac, ReadsNoFurtherThanTheAnswerNeeds) {
+  for (const auto text : {u"00:11:22:33:44:55:", u"0011223344556", u"00:11x", u"x"}) {
+    EXPECT_EQ(QXFMT_IsValidMacAddress(WithoutTerminator(text)), 0) << Utf8(text);
+  }
+  EXPECT_EQ(QXFMT_GetHexValue(WithoutTerminator(u"1F")), 0x1F);
+}
+
 TEST(Mac, PairsTheDigitsOfMutatedTextsInOrder) {
   const std::regex accepted("(?=.{12,17}$)([:-]*[[:xdigit:]]){12}[:-]*");
   const std::regex no_digit("[^[:xdigit:]]");
   const auto check = [&](const std::string& peer, WideText text) {
     const std::u16string_view pair = std::u16string_view(text != nullptr ? text : u"").substr(0, 2);
-    const std::string pair_digits = "0" + std::regex_replace(Utf8(pair), no_digit, "");
+    const std::string pair_digits = "0" + std::regex_replace(std::string(Utf8(pair)), no_digit, "");
     EXPECT_EQ(QXFMT_GetHexValue(text), std::stoi(pair_digits, nullptr, 16)) << peer;
     const bool is_valid = std::regex_match(peer, accepted);
     EXPECT_EQ(QXFMT_IsValidMacAddress(text), is_valid ? 1 : 0) << peer;

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "support/operations.h"
+#include "support/platform.h"
 #include "support/test.h"
 
 namespace {
@@ -23,8 +24,7 @@ void ChooseSettings(unsigned bits) {
 
 // Each text is the one of some settings: as they were, or as they became meanwhile.
 TEST(Threads, AllOperationsWhileTheSettingsChange) {
-  setenv("TZ", "AAA-1BBB,M3.5.0,M10.5.0", 1);
-  tzset();
+  UseZone("AAA-1BBB,M3.5.0,M10.5.0");
   const std::vector<Call> calls = RandomCalls(5);
   std::vector<std::set<std::u16string>> texts(calls.size());
   for (unsigned bits = 0; bits < 1 << kStartSettings.size(); ++bits) {

@@ -1,3 +1,5 @@
+#include <map>
+
 #include "support/test.h"
 
 TEST(GrowableText, EveryFailureKeepsTheText) {
@@ -18,17 +20,35 @@ TEST(GrowableText, EveryFailureKeepsTheText) {
   EXPECT_EQ(StatusOf([&] { text.resize(text.capacity() + 1); }), 0x80070057);
   EXPECT_EQ(StatusOf([&] { text.reserve(SIZE_MAX); }), 0x80070057);
   EXPECT_EQ(Utf8(text), "kept");
+  EXPECT_STREQ(StatusException(1).what(), "text operation failed");
 }
 
-TEST(GrowableText, DoublesItsRoom) {
-  const std::pair<std::size_t, std::size_t> rows[] = {
-      {0, 63}, {63, 63}, {64, 126}, {126, 126}, {127, 252}, {4032, 4032}, {4033, 8064}};
-  std::pmr::unsynchronized_pool_resource memory;
-  GrowableText text(&memory);
-  for (const auto& [size, capacity] : rows) {
-    while (text.size() < size) text.append(u"x");
-    EXPECT_EQ(text.append(std::u16string_view()).capacity(), capacity) << size;
+// Logs what it is asked for, and wants it back as it was given.
+struct LoggedMemory : std::pmr::memory_resource {
+  Sizes asked;
+  std::map<void*, std::size_t> given;
+
+  ~LoggedMemory() override { EXPECT_TRUE(given.empty()); }
+  void* do_allocate(std::size_t bytes, std::size_t /*alignment*/) override {
+    asked.push_back(static_cast<std::uint32_t>(bytes));
+    return given.emplace(::operator new(bytes), bytes).first->first;
   }
+  void do_deallocate(void* memory, std::size_t bytes, std::size_t /*alignment*/) override {
+    EXPECT_EQ(given.at(memory), bytes);
+    given.erase(memory);
+    ::operator delete(memory);
+  }
+  bool do_is_equal(const memory_resource& other) const noexcept override { return this == &other; }
+};
+
+TEST(GrowableText, DoublesItsRoom) {
+  LoggedMemory memory;
+  GrowableText text(&memory);
+  for (int i = 0; i < 4033; ++i) text.append(u"x").append(std::u16string_view());
+  EXPECT_EQ(memory.asked, (Sizes{128, 254, 506, 1010, 2018, 4034, 8066, 16130}));
+  for (const std::size_t capacity : {8063U, 8064U, 8065U}) text.reserve(capacity);
+  EXPECT_EQ(memory.asked.back(), 16132U);
+  EXPECT_EQ(memory.asked.size(), 9U);
   EXPECT_EQ(Utf8(text), std::string(4033, 'x'));
 }
 
@@ -41,22 +61,33 @@ TEST(GrowableText, AppendsAndAssignsItself) {
   EXPECT_EQ(Utf8(text), full + full + full + full + "-" + full + full);
   text.assign(text.c_str() + text.size() - 2).resize(4, u'b');
   EXPECT_EQ(Utf8(text.c_str()), "aabb");
+  text.resize(3);
+  EXPECT_EQ(Utf8(text.c_str()), "aab");
 }
 
-// The memory goes along with a move. A moved-from text is empty, without room, and usable.
+// The memory goes along with a move, unless it lies in the text itself. A moved-from text is empty,
+// without room, and usable.
 TEST(GrowableText, CopiesAndMoves) {
-  std::pmr::unsynchronized_pool_resource memory;
-  GrowableText text(&memory);
-  GrowableText assigned;
-  assigned = text.assign(u"text");
-  const WideText place = text.c_str();
-  GrowableText moved(std::move(text));
-  EXPECT_EQ(moved.c_str(), place);
-  EXPECT_TRUE(text.empty());
-  text.append(std::u16string_view()).append_format(u"").assign(text);
-  EXPECT_EQ(StatusOf([&] { text.resize(1); }), 0x80070057);
-  EXPECT_EQ(Utf8(text.c_str()), "");
-  EXPECT_EQ(Utf8(text.append(u"again")), "again");
-  EXPECT_EQ(Utf8(GrowableText(moved)), "text");
-  EXPECT_EQ(Utf8(assigned), "text");
+  LoggedMemory memory;
+  std::pmr::memory_resource* const heap = std::pmr::new_delete_resource();
+  const std::tuple<std::pmr::memory_resource*, std::u16string, bool> rows[] = {
+      {&memory, u"text", true}, {heap, u"text", false}, {heap, std::u16string(64, u'x'), true}};
+  for (const auto& [resource, units, memory_moves] : rows) {
+    GrowableText text(resource);
+    GrowableText assigned;
+    assigned = text.assign(units);
+    const WideText place = text.c_str();
+    GrowableText moved(std::move(text));
+    EXPECT_EQ(moved.c_str() == place, memory_moves);
+    EXPECT_TRUE(text.empty());
+    text.append(std::u16string_view()).append_format(u"").assign(text);
+    EXPECT_EQ(StatusOf([&] { text.resize(1); }), 0x80070057);
+    EXPECT_EQ(Utf8(text.c_str()), "");
+    EXPECT_EQ(Utf8(text.append(u"again")), "again");
+    EXPECT_EQ(GrowableText(moved).c_str(), units);
+    EXPECT_EQ(assigned.c_str(), units);
+    moved.clear();
+    EXPECT_EQ(Utf8(moved.c_str()), "");
+  }
+  EXPECT_EQ(memory.asked, (Sizes{128, 128}));
 }

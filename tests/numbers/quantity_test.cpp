@@ -81,6 +81,7 @@ TEST(Quantity, UnitFromAnArgumentGroups) {
   CQXDataFormat format;
   EXPECT_EQ(Utf8(format.FormatBit(1234567890123, QXFMT_BYTES_GB, 0)), "1,235 Gb");
   EXPECT_EQ(Utf8(format.FormatByte(1234567890123, kNoSuchUnit, 0)), "1,234,567,890,123 B");
+  EXPECT_EQ(Utf8(format.FormatByte(1023, QXFMT_BYTES_FORMAT(-1), 0)), "1,023 B");
   EXPECT_EQ(Utf8(format.FormatByte(UINT64_MAX, QXFMT_BYTES_TB, 2)), "16,777,216.00 TB");
   EXPECT_EQ(Utf8(format.FormatByte(UINT64_MAX, QXFMT_BYTES_TB, 0)), "16,777,215 TB");
   EXPECT_EQ(Utf8(format.FormatBit(kTwiceRounded, QXFMT_BYTES_B, 0)), "9,223,372,036,854,775,808 b");

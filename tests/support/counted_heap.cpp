@@ -9,7 +9,7 @@ using qxfmt::test::heap;
 // that it sees directly for one that does not match its new.
 [[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
   if (heap.until_refusal >= 0 && heap.until_refusal-- == 0) return nullptr;
-  ++heap.allocations;
+  heap.sizes[heap.allocations++ % 10] = size;
   ++heap.live;
   return std::malloc(size);
 }

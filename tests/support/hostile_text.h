@@ -2,12 +2,11 @@
 
 // Texts for parsers: at the edge of readable memory, and mutated.
 
-#include <sys/mman.h>
-
 #include <iterator>
 #include <random>
 #include <sstream>
 
+#include "support/platform.h"
 #include "support/test.h"
 
 namespace qxfmt::test {
@@ -17,13 +16,16 @@ inline std::u16string Wide(std::string_view text) { return {text.begin(), text.e
 // The text with its terminator in the last unit before an unreadable page. Valid until the next
 // call.
 inline const char16_t* AtPageEnd(std::u16string_view text) {
-  constexpr std::size_t kSize = 0x10000;  // whole pages on every machine
-  static char* const area =
-      static_cast<char*>(mmap(nullptr, 2 * kSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-  mprotect(area, kSize, PROT_READ | PROT_WRITE);
-  char16_t* const end = reinterpret_cast<char16_t*>(area + kSize);
+  static char16_t* const end = reinterpret_cast<char16_t*>(EndOfReadableArea());
   end[-1] = u'\0';
   return std::copy_backward(text.begin(), text.end(), end - 1);
+}
+
+// Such a text with its own last unit in place of the terminator: nothing after it can be read.
+inline const char16_t* WithoutTerminator(std::u16string_view text) {
+  const auto copy = const_cast<char16_t*>(AtPageEnd(text.substr(0, text.size() - 1)));
+  copy[text.size() - 1] = text.back();
+  return copy;
 }
 
 // Calls `check` with no text, and with texts that are none to three edits away from a seed: as

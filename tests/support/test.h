@@ -15,22 +15,14 @@
 
 #include <gtest/gtest.h>
 #include <qxfmt/qxfmt.h>
+#include <qxfmt/utf8.h>
 
 #include "support/scripted_arena.h"
 
 namespace qxfmt::test {
 
 // A result as UTF-8, so that tables are plain literals and failures readable.
-inline std::string Utf8(std::u16string_view text) {
-  std::string bytes;
-  const auto put = [&bytes](unsigned byte) { bytes += static_cast<char>(byte); };
-  for (const unsigned unit : text) {
-    if (unit >= 0x800) put(0xE0 | unit >> 12);
-    if (unit >= 0x80) put(unit < 0x800 ? 0xC0 | unit >> 6 : 0x80 | (unit >> 6 & 0x3F));
-    put(unit < 0x80 ? unit : 0x80 | (unit & 0x3F));
-  }
-  return bytes;
-}
+using qxfmt::Utf8;
 
 // A call of a formatter and what it gives. Tables are lists of these:
 //

@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "support/local_time_probe.h"
+#include "support/platform.h"
 #include "support/test.h"
 
 using Layout = QXFMT_DATE_FORMAT;
