@@ -9,9 +9,7 @@
 // Built with the real arena and with the scripted one, in which each block is a heap area of
 // exactly its size, so that a text beyond its block is seen.
 
-#include <cstdlib>
 #include <optional>
-#include <utility>
 
 #include "fuzzing.h"
 #include "support/operations.h"
@@ -23,60 +21,60 @@ namespace {
 const std::vector<Operation> operations = Operations();
 const int zone = setenv("TZ", "AAA-1BBB,M3.5.0,M10.5.0", 1);
 
-class Program {
+// A formatter with its results since the last reset.
+class Life {
  public:
-  Program() { SetSettings(settings_); }
-  ~Program() {
-    CheckResults();
-    UseHeapForShortTexts(false);
+  ~Life() { Reset(); }
+
+  void Reset() {
+    for (const auto& [result, text] : results_) Check(result == text);
+    results_.clear();
+    format_.Reset();
   }
 
-  void Step(Arguments& from) {
-    const std::uint8_t step = from.TakeByte() % 64;
-    if (step < operations.size()) return Run(operations[step](from), from.TakeByte());
-    if (step == 63 || step == 62) {
-      CheckResults();
-      if (step == 63)
-        format_->Reset();
-      else
-        format_.emplace();
-      return;
-    }
-    if (step == 61) return UseHeapForShortTexts(from.TakeByte() % 2 != 0);
-    settings_[from.TakeByte() % settings_.size()] = from.Take<std::int32_t>();
-    SetSettings(settings_);
-  }
-
- private:
   // The call, up to eight times; the first one perhaps without one of its allocations.
   void Run(const Call& call, std::uint8_t how) {
     Formatter other;
     const std::u16string whole(Outcome(call, other).text);
     for (int time = 0; time <= how / 4 % 8; ++time) {
-      const Outcome outcome(call, *format_, time == 0 ? how % 4 - 1 : -1);
+      const Outcome outcome(call, format_, time == 0 ? how % 4 - 1 : -1);
       Check(outcome.refused ? outcome.IsToldFor(whole) : outcome.text == whole);
       results_.emplace_back(outcome.text, outcome.text);
     }
   }
 
-  void CheckResults() {
-    for (const auto& [result, text] : results_) Check(result == text);
-    results_.clear();
-  }
-
-  std::optional<Formatter> format_{std::in_place};
-  std::array<std::int32_t, 9> settings_ = kStartSettings;
+ private:
+  Formatter format_;
   std::vector<std::pair<std::u16string_view, std::u16string>> results_;
 };
+
+void Run(Arguments from) {
+  std::optional<Life> life(std::in_place);
+  Settings settings = kStartSettings;
+  SetSettings(settings);
+  while (from.left() > 0) {
+    const std::size_t step = from.TakeByte() % 72;
+    if (step < operations.size()) {
+      life->Run(operations[step](from), from.TakeByte());
+    } else if (step == 71) {
+      life->Reset();
+    } else if (step == 70) {
+      life.emplace();
+    } else if (step == 69) {
+      const bool usual = from.TakeByte() % 2 == 0;
+      std::pmr::set_default_resource(usual ? nullptr : std::pmr::null_memory_resource());
+    } else {
+      settings[from.TakeByte() % settings.size()] = from.Take<std::int32_t>();
+      SetSettings(settings);
+    }
+  }
+  std::pmr::set_default_resource(nullptr);
+}
 
 }  // namespace
 
 void Fuzz(WideText /*text*/, const std::uint8_t* data, std::size_t size) {
   const int live = heap.live;
-  {
-    Program program;
-    Arguments from({data, size});
-    while (from.left() > 0) program.Step(from);
-  }
+  Run(Arguments({data, size}));
   Check(zone == 0 && heap.live == live);
 }

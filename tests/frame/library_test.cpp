@@ -1,7 +1,4 @@
-// The installed form of the library, with its real arena: memory and threads.
-
-#include <cstdlib>
-#include <thread>
+// The installed form of the library, with its real arena: memory and zone.
 
 #include "support/counted_heap.h"
 #include "support/platform.h"
@@ -22,24 +19,19 @@ TEST(Library, TakesMemoryInGrowingChunks) {
   EXPECT_EQ(heap.allocations, std::ssize(chunks));
 }
 
-// Texts that fill their blocks, in new chunks and then in kept ones; on two threads.
+// Texts that fill their blocks, in new chunks and then in kept ones.
 TEST(Library, ResultsStayIntactUntilReset) {
-  const auto work = [] {
-    CQXDataFormat format;
-    for (const int results : {3000, 6000}) {
-      format.Reset();
-      std::vector<std::pair<ResultText, std::string>> kept;
-      for (int i = 0; i < results; ++i) {
-        const double number = 1e95 + 1e91 * i;
-        kept.emplace_back(format.FormatNumberEx(number, 0, 1), WithCommas(Exact(number, 0)));
-        kept.emplace_back(format.FormatPercentage(i), WithCommas(std::to_string(100 * i)) + "%");
-      }
-      for (const auto& [result, text] : kept) ASSERT_EQ(Utf8(result), text);
+  CQXDataFormat format;
+  for (const int results : {3000, 6000}) {
+    format.Reset();
+    std::vector<std::pair<ResultText, std::string>> kept;
+    for (int i = 0; i < results; ++i) {
+      const double number = 1e95 + 1e91 * i;
+      kept.emplace_back(format.FormatNumberEx(number, 0, 1), WithCommas(Exact(number, 0)));
+      kept.emplace_back(format.FormatPercentage(i), WithCommas(std::to_string(100 * i)) + "%");
     }
-  };
-  std::thread other(work);
-  work();
-  other.join();
+    for (const auto& [result, text] : kept) ASSERT_EQ(Utf8(result), text);
+  }
 }
 
 TEST(Library, ResetForgetsTheZone) {

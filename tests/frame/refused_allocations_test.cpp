@@ -9,13 +9,11 @@ namespace {
 // again. False if the call makes fewer allocations.
 bool Refuse(int number, const Call& call, std::u16string_view whole, int results) {
   Formatter format;
-  ResultText last = u"0.0.0.0";
-  for (int i = 0; i < results; ++i) last = format.FormatIpAddress(0);
+  for (int i = 0; i < results; ++i) format.FormatIpAddress(0);
   const Outcome outcome(call, format, number);
   EXPECT_TRUE(outcome.refused ? outcome.IsToldFor(whole) : outcome.text == whole)
       << Utf8(outcome.text) << " in place of " << Utf8(whole);
   EXPECT_EQ(Utf8(Outcome(call, format).text), Utf8(whole));
-  EXPECT_EQ(Utf8(last), "0.0.0.0");
   return outcome.refused;
 }
 
@@ -28,15 +26,11 @@ TEST(RefusedAllocations, EachOfEveryOperation) {
     Formatter format;
     const std::u16string whole(Outcome(call, format).text);
     SCOPED_TRACE(Utf8(whole));
-    for (const bool short_texts_too : {false, true}) {
-      UseHeapForShortTexts(short_texts_too);
-      const int live = heap.live;
-      for (int results = 0; results <= kResults; ++results) {
-        for (int number = 0; Refuse(number, call, whole, results); ++number) ++refusals;
-        ASSERT_EQ(heap.live, live);
-      }
+    const int live = heap.live;
+    for (int results = 0; results <= kResults; ++results) {
+      for (int number = 0; Refuse(number, call, whole, results); ++number) ++refusals;
+      ASSERT_EQ(heap.live, live);
     }
-    UseHeapForShortTexts(false);
   }
   EXPECT_GT(refusals, 10000);
 }

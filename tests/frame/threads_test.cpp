@@ -13,7 +13,7 @@ namespace {
 
 // Each setting as it is at start or, where its bit is set, another one.
 void ChooseSettings(unsigned bits) {
-  auto settings = kStartSettings;
+  Settings settings = kStartSettings;
   for (std::size_t i = 0; i < settings.size(); ++i) {
     if ((bits >> i & 1) != 0) settings[i] = settings[i] == 0 ? 4 : 0;
   }
@@ -34,25 +34,25 @@ TEST(Threads, AllOperationsWhileTheSettingsChange) {
   }
 
   std::atomic<bool> done = false;
-  std::thread changes([&] {
+  const auto change_settings = [&] {
     for (std::mt19937 random; !done;) ChooseSettings(static_cast<unsigned>(random()));
-  });
-  std::vector<std::thread> formatters(4);
-  for (std::thread& thread : formatters) {
-    thread = std::thread([&] {
-      Formatter format;
-      for (int round = 0; round < 20; ++round) {
-        format.Reset();
-        for (std::size_t i = 0; i < calls.size(); ++i) {
-          for (int again = 0; again < 6; ++again) {  // remembers the offset of the zone
-            EXPECT_TRUE(texts[i].contains(calls[i](format))) << Utf8(calls[i](format));
-          }
+  };
+  const auto format_all = [&] {
+    Formatter format;
+    for (int round = 0; round < 20; ++round) {
+      format.Reset();
+      for (std::size_t i = 0; i < calls.size(); ++i) {
+        for (int again = 0; again < 6; ++again) {  // so that the zone's offset is remembered
+          EXPECT_TRUE(texts[i].contains(calls[i](format))) << i;
         }
       }
-    });
-  }
-  for (std::thread& thread : formatters) thread.join();
+    }
+  };
+  std::thread changing(change_settings);
+  std::vector<std::thread> formatting;
+  for (int i = 0; i < 4; ++i) formatting.emplace_back(format_all);
+  for (std::thread& thread : formatting) thread.join();
   done = true;
-  changes.join();
+  changing.join();
   ChooseSettings(0);
 }

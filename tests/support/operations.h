@@ -1,16 +1,14 @@
 #pragma once
 
-// Every operation of a formatter as a call whose arguments come from bytes: random ones in a test,
-// a fuzzer's in a fuzz target.
+// Every operation of a formatter as a call with arguments made of bytes: random ones in a test, a
+// fuzzer's in a fuzz target.
 
 #include <algorithm>
 #include <array>
-#include <bit>
+#include <cmath>
 #include <functional>
 #include <random>
 #include <span>
-#include <string>
-#include <tuple>
 #include <vector>
 
 #include <qxfmt/qxfmt.h>
@@ -33,25 +31,20 @@ class Arguments {
     return byte;
   }
 
-  // An integer of any size, a real near one or of any bits, an enumeration's value in its list,
-  // beside it or anywhere, or what makes itself of arguments.
+  // An integer or an enumeration's value from -4 to 11 or, as often, one of up to eight bytes more;
+  // a real of any magnitude, an infinity or a NaN; or what makes itself of arguments.
   template <typename Value>
   Value Take() {
     if constexpr (std::is_class_v<Value>) {
       return Value(*this);
-    } else if constexpr (std::is_enum_v<Value>) {
-      const std::uint8_t byte = TakeByte();
-      return static_cast<Value>(byte < 0xE0 ? byte % 8 - 1 : Take<std::int32_t>());
     } else if constexpr (std::is_floating_point_v<Value>) {
-      const std::uint8_t divisor = TakeByte();
-      const auto integer = Take<std::int64_t>();
-      return static_cast<Value>(divisor != 0 ? static_cast<double>(integer) / divisor
-                                             : std::bit_cast<double>(integer));
+      const double scale = std::ldexp(1.0, (TakeByte() - 127) * 8);
+      return static_cast<Value>(scale * static_cast<double>(Take<std::int64_t>()));
     } else {
-      const std::size_t bytes = TakeByte() % (sizeof(Value) + 1);
-      std::int64_t value = static_cast<std::int8_t>(bytes > 0 ? TakeByte() : 0);
-      for (std::size_t i = 1; i < bytes; ++i) value = value * 256 + TakeByte();
-      return static_cast<Value>(value);
+      const std::uint8_t first = TakeByte();
+      std::uint64_t bits = first % 16U - std::uint64_t{4};
+      for (int more = first / 16 - 7; more > 0; --more) bits = bits << 8 | TakeByte();
+      return static_cast<Value>(bits);
     }
   }
 
@@ -68,19 +61,17 @@ struct Octets : std::vector<std::uint8_t> {
   operator const std::uint8_t*() const { return size() == 16 ? data() : nullptr; }
 };
 
-// Units up to a zero byte, and a terminator, in a heap area of their size; for parsers of texts of
-// at most so many units, leading blanks not counted. A longer text is cut off one unit later, and
-// has no terminator. A byte above 0x7F becomes a unit that has the low byte of an ASCII character
-// but is none.
+// Units up to a zero byte, in a heap area of their size: a text, or more than the longest text for
+// a parser and then without a terminator. A byte above 0x7F becomes a unit that has the low byte of
+// an ASCII character but is none.
 struct Units : std::vector<char16_t> {
-  explicit Units(Arguments& from)
-      : longest(std::array{1U, 5U, 15U, 17U, 99U}[from.TakeByte() % 5]) {
-    std::size_t most = longest;
+  explicit Units(Arguments& from) : longest(from.TakeByte()) {
     while (const std::uint8_t byte = from.TakeByte()) {
-      if (size() + longest == most && byte == ' ') ++most;
-      if (size() <= most) push_back(static_cast<char16_t>(byte + (byte & 0x80)));
+      push_back(static_cast<char16_t>(byte + (byte & 0x80)));
     }
-    if (size() <= most) push_back(u'\0');
+    push_back(u'\0');
+    // Leading blanks may be any number.
+    if (front() != u' ' && size() > longest) resize(longest + 1);
     shrink_to_fit();
   }
   operator std::u16string_view() const { return {data(), size()}; }
@@ -92,8 +83,8 @@ struct Units : std::vector<char16_t> {
 class Formatter : public CQXDataFormat {
  public:
   ResultText FormatIntoArea(std::uint32_t address, std::int32_t length) {
-    char16_t area[16];
-    return Show(FormatIpAddress(address, area, length));
+    char16_t area[16];  // of which the last units are given
+    return Show(FormatIpAddress(address, std::end(area) - std::clamp(length, 0, 16), length));
   }
 
   ResultText FormatOctets(const Octets& octets) {
@@ -113,14 +104,14 @@ class Formatter : public CQXDataFormat {
 
   // A sum of what the parsers tell that read no more than is there.
   ResultText Parse(const Units& units, std::uint16_t separator) {
-    std::uint8_t octets[16] = {QXFMT_GetHexValue(units.data())};
-    std::uint64_t told = 0;
-    if (units.longest >= 5) told += QXFMT_GetPortVal(units.data(), nullptr);
-    if (units.longest >= 15) told += QXFMT_GetIpAddress(units.data(), nullptr);
-    if (units.longest >= 17) told += QXFMT_GetMacAddress(units.data(), separator);
-    if (units.longest >= 99) QXFMT_GetIPv6Address(units.data(), octets);
-    for (const std::uint8_t octet : octets) told = told * 31 + octet;
-    return FormatNumber(told, 1);
+    const WideText text = units.data();
+    std::uint8_t octets[16] = {};
+    std::uint64_t told = units.longest >= 1 ? QXFMT_GetHexValue(text) : 0;
+    if (units.longest >= 5) told += QXFMT_GetPortVal(text, nullptr);
+    if (units.longest >= 15) told += QXFMT_GetIpAddress(text, nullptr);
+    if (units.longest >= 17) told += QXFMT_GetMacAddress(text, separator);
+    if (units.longest >= 99) QXFMT_GetIPv6Address(text, octets);
+    return FormatIpv6Port(octets, static_cast<std::uint16_t>(told % 65521), QXFMT_IPV6_FULL);
   }
 
  private:
@@ -187,53 +178,48 @@ inline std::vector<Operation> Operations() {
       &F::FormatMSecondTime, &F::FormatHiResTime, &F::FormatMaxHiResTime, &F::FormatAllDateTime,
       &F::FormatAllTime, &F::FormatOleDateTime, &F::FormatDurationSecond, &F::FormatDurationMSecond,
       &F::FormatDurationUSecond, &F::FormatDurationNSecond, &F::FormatDurationAllSecond,
-      &F::FormatHiResTimeRange, &F::FormatIntoArea, &F::FormatOctets, &F::FormatWords, &F::Parse);
+      &F::FormatHiResTimeRange, &F::FormatIntoArea, &F::FormatOctets, &F::FormatIPXAddress,
+      &F::FormatWords, &F::Parse);
 }
 
-// All operations, so many times, each with random arguments.
-inline std::vector<Call> RandomCalls(int rounds) {
-  std::mt19937 random(1);
+// All operations, so many times, with random arguments.
+inline std::vector<Call> RandomCalls(std::size_t rounds) {
+  std::vector<std::uint8_t> bytes(rounds * 1500);
+  std::generate(bytes.begin(), bytes.end(), std::mt19937());
   std::vector<Call> calls;
-  for (; rounds > 0; --rounds) {
-    for (const Operation& operation : Operations()) {
-      std::vector<std::uint8_t> bytes(64);
-      for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random());
-      Arguments arguments(bytes);
-      calls.push_back(operation(arguments));
-    }
+  for (Arguments from(bytes); from.left() > 0;) {
+    for (const Operation& operation : Operations()) calls.push_back(operation(from));
   }
   return calls;
 }
 
-// The nine settings, as numbers, and what they are at start.
-inline constexpr std::array<std::int32_t, 9> kStartSettings = {0, 0, 0, 0, 2, 2, 0, 2, 0};
+// The nine settings as numbers, and their values at start.
+using Settings = std::array<std::int32_t, 9>;
+inline constexpr Settings kStartSettings = {0, 0, 0, 0, 2, 2, 0, 2, 0};
 
-inline void SetSettings(const std::array<std::int32_t, 9>& values) {
-  std::size_t next = 0;
-  const auto set = [&]<typename Value>(void (*setter)(Value)) {
-    setter(static_cast<Value>(values[next++]));
-  };
-  set(QXFMT_SetByteFormat);
-  set(QXFMT_SetBitFormat);
-  set(QXFMT_SetBytePerSecondFormat);
-  set(QXFMT_SetBitPerSecondFormat);
-  set(QXFMT_SetNumberDecimalPlaces);
-  set(QXFMT_SetPercentageDecimalPlaces);
-  set(QXFMT_SetDateTimeFormat);
-  set(QXFMT_SetTimeAccuracy);
-  set(QXFMT_SetDurationFormat);
+template <typename... Values>
+void Set(const Settings& settings, void (*... setters)(Values)) {
+  auto next = settings.begin();
+  (setters(static_cast<Values>(*next++)), ...);
+}
+
+inline void SetSettings(const Settings& settings) {
+  Set(settings, QXFMT_SetByteFormat, QXFMT_SetBitFormat, QXFMT_SetBytePerSecondFormat,
+      QXFMT_SetBitPerSecondFormat, QXFMT_SetNumberDecimalPlaces, QXFMT_SetPercentageDecimalPlaces,
+      QXFMT_SetDateTimeFormat, QXFMT_SetTimeAccuracy, QXFMT_SetDurationFormat);
 }
 
 // What a call gives while one allocation is refused, counted from 0, or none.
 struct Outcome {
   Outcome(const Call& call, Formatter& format, int refused_allocation = -1) {
-    const Refusal refusal(refused_allocation);
+    heap.until_refusal = refused_allocation;
     try {
       text = call(format);
     } catch (const StatusException& failure) {
       text = failure.status() == StatusException::kNoMemory ? u"no memory" : u"failed";
     }
-    refused = refusal.has_happened();
+    refused = refused_allocation >= 0 && heap.until_refusal < 0;
+    heap.until_refusal = -1;
   }
 
   // Whether a refusal may give this in place of the whole text: for want of a string, of the block,
