@@ -204,20 +204,24 @@ bool CopyEights(const From* first, To* to_first, const From* second, To* to_seco
 }
 #endif
 
-/// Copies characters up to the first one outside ASCII, and returns how many.
+/// Copies characters up to the first one outside ASCII, and returns how many. The last block of a
+/// text may copy some of its characters once more, so that no rest is left to copy singly.
 template <typename From, typename To>
 std::size_t CopyAscii(const From* from, std::size_t size, To* to) noexcept {
   std::size_t done = 0;
-  while (size - done >= 16) {
-    if (!CopyEights(from + done, to + done, from + done + 8, to + done + 8)) break;
-    done += 16;
-  }
-  // The last characters, some of them once more; with 16 or more left, one of them is another one.
+  const auto copy_eights = [&](std::size_t first, std::size_t second) {
+    return CopyEights(from + first, to + first, from + second, to + second);
+  };
+  while (size - done > 16 && copy_eights(done, done + 8)) done += 16;
   const std::size_t rest = size - done;
-  if (rest >= 8 && rest < 16) {
-    if (CopyEights(from + done, to + done, from + size - 8, to + size - 8)) return size;
-  } else if (rest >= 4 && rest < 8) {
-    if (CopyFours(from + done, to + done, from + size - 4, to + size - 4)) return size;
+  if (rest > 16) {
+    // One of the next sixteen is another character.
+  } else if (size >= 16) {
+    if (copy_eights(size - 16, size - 8)) return size;
+  } else if (size >= 8) {
+    if (copy_eights(0, size - 8)) return size;
+  } else if (size >= 4) {
+    if (CopyFours(from, to, from + size - 4, to + size - 4)) return size;
   }
   for (; done < size && IsAscii(from[done]); ++done) to[done] = static_cast<To>(from[done]);
   return done;
@@ -302,23 +306,19 @@ class Utf8 {
   /// Converts a text. Allocates only if it has more than 127 units, which no result has.
   /// @throws std::bad_alloc
   /// `qxfmt::Utf8(u"1.50 KB")` gives "1.50 KB".
-  explicit Utf8(std::u16string_view text) {
-    if (text.size() <= kOwnUnits) {
-      size_ = static_cast<std::size_t>(utf::Convert(text, own_) - own_);
-      own_[size_] = '\0';
-    } else {
-      utf::Append(long_, text);
-      bytes_ = long_.c_str();
-      size_ = long_.size();
-    }
+  explicit Utf8(std::u16string_view text)
+      : bytes_(text.size() <= kOwnUnits ? own_ : new char[3 * text.size() + 1]),
+        size_(static_cast<std::size_t>(utf::Convert(text, bytes_) - bytes_)) {
+    bytes_[size_] = '\0';
   }
-
   /// Not available: make another one of the text, or a `std::string`.
   Utf8(const Utf8&) = delete;
   /// Not available: make another one of the text, or a `std::string`.
   Utf8& operator=(const Utf8&) = delete;
   /// Gives memory back, if it took some.
-  ~Utf8() = default;
+  ~Utf8() {
+    if (bytes_ != own_) delete[] bytes_;
+  }
 
   /// The bytes, NUL-terminated; never null.
   [[nodiscard]] const char* c_str() const noexcept { return bytes_; }
@@ -348,9 +348,8 @@ class Utf8 {
  private:
   static constexpr std::size_t kOwnUnits = 127;  // room for every result
 
-  const char* bytes_ = own_;
-  std::size_t size_ = 0;
-  std::string long_;
+  char* bytes_;
+  std::size_t size_;
   char own_[3 * kOwnUnits + 1];
 };
 
