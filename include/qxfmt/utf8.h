@@ -30,7 +30,7 @@
 namespace qxfmt {
 
 /// How the conversions work. Not for direct use.
-namespace utf {
+namespace internal {
 
 /// Stands for what is malformed.
 inline constexpr char32_t kReplacement = 0xFFFD;
@@ -283,7 +283,7 @@ std::size_t Copy(std::basic_string_view<From> text, To* area, std::size_t room) 
   return static_cast<std::size_t>(out - area) + ConvertedSize<To>(text);
 }
 
-}  // namespace utf
+}  // namespace internal
 
 /// @name To UTF-8
 /// @param text any UTF-16: a result of a formatter, a literal, a `std::u16string`, a
@@ -308,7 +308,7 @@ class Utf8 {
   /// `qxfmt::Utf8(u"1.50 KB")` gives "1.50 KB".
   explicit Utf8(std::u16string_view text)
       : bytes_(text.size() <= kOwnUnits ? own_ : new char[3 * text.size() + 1]),
-        size_(static_cast<std::size_t>(utf::Convert(text, bytes_) - bytes_)) {
+        size_(static_cast<std::size_t>(internal::Convert(text, bytes_) - bytes_)) {
     bytes_[size_] = '\0';
   }
   /// Not available: make another one of the text, or a `std::string`.
@@ -357,7 +357,7 @@ class Utf8 {
 /// @param out may already hold bytes; they stay.
 /// @throws std::bad_alloc; the string may then end in a part of the text.
 /// `qxfmt::AppendUtf8(line, u"\u00B5s")` gives "5 \u00B5s" where the line was "5 ".
-inline void AppendUtf8(std::string& out, std::u16string_view text) { utf::Append(out, text); }
+inline void AppendUtf8(std::string& out, std::u16string_view text) { internal::Append(out, text); }
 
 /// Converts a text into the caller's area. What has no room is cut off after a whole character.
 /// @param area the area; not null unless `room` is 0.
@@ -367,7 +367,7 @@ inline void AppendUtf8(std::string& out, std::u16string_view text) { utf::Append
 ///   was cut off.
 /// `qxfmt::CopyUtf8(u"1.50 KB", area, 5)` gives 7, and the area then holds "1.50".
 inline std::size_t CopyUtf8(std::u16string_view text, char* area, std::size_t room) noexcept {
-  return utf::Copy(text, area, room);
+  return internal::Copy(text, area, room);
 }
 /// @}
 
@@ -380,14 +380,16 @@ inline std::size_t CopyUtf8(std::u16string_view text, char* area, std::size_t ro
 /// @throws std::bad_alloc
 [[nodiscard]] inline std::u16string Utf16(std::string_view bytes) {
   std::u16string text;
-  utf::Append(text, bytes);
+  internal::Append(text, bytes);
   return text;
 }
 
 /// Appends a text to a string.
 /// @param out may already hold units; they stay.
 /// @throws std::bad_alloc; the string may then end in a part of the text.
-inline void AppendUtf16(std::u16string& out, std::string_view bytes) { utf::Append(out, bytes); }
+inline void AppendUtf16(std::u16string& out, std::string_view bytes) {
+  internal::Append(out, bytes);
+}
 
 /// Converts a text into the caller's area. What has no room is cut off after a whole character.
 /// @param area the area; not null unless `room` is 0.
@@ -396,7 +398,7 @@ inline void AppendUtf16(std::u16string& out, std::string_view bytes) { utf::Appe
 /// @return units of the whole text, the terminator not counted: if that is `room` or more, the text
 ///   was cut off.
 inline std::size_t CopyUtf16(std::string_view bytes, char16_t* area, std::size_t room) noexcept {
-  return utf::Copy(bytes, area, room);
+  return internal::Copy(bytes, area, room);
 }
 /// @}
 
