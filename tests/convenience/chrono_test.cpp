@@ -1,6 +1,6 @@
 #include <qxfmt/chrono.h>
 
-#include "support/local_time_probe.h"
+#include "support/platform.h"
 #include "support/test.h"
 
 namespace {
