@@ -140,7 +140,8 @@ class Conversations : public View {
       format_.Reset();  // its texts are in the table
     }
     // On a narrow terminal the sides and their bytes stay to the end.
-    output_.PutLines(table.ToString(programs::LineWidth(STDOUT_FILENO), {9, 8, 4, 6, 7, 10, 2}));
+    output_.PutLines(
+        table.ToString(programs::LineWidth(STDOUT_FILENO), {{9}, {8}, {4, 6}, {7}, {10}, {2}}));
   }
 
   void PutCsvRows(const std::vector<const Row*>& rows) {
