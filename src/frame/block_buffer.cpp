@@ -13,16 +13,17 @@ struct CQXBlockBuffer::Chunk {
   std::size_t room() { return static_cast<std::size_t>(end() - begin()); }
 };
 
-CQXBlockBuffer::CQXBlockBuffer(std::uint32_t largest_chunk) : largest_chunk_(largest_chunk) {}
+CQXBlockBuffer::CQXBlockBuffer(std::uint32_t largest_chunk) noexcept
+    : largest_chunk_(largest_chunk) {}
 
 CQXBlockBuffer::~CQXBlockBuffer() { ReleaseAll(); }
 
-void CQXBlockBuffer::SetBlockSize(std::uint32_t first_chunk, std::uint32_t growth) {
+void CQXBlockBuffer::SetBlockSize(std::uint32_t first_chunk, std::uint32_t growth) noexcept {
   first_chunk_ = first_chunk;
   growth_ = growth;
 }
 
-void* CQXBlockBuffer::GetBufferFromNextChunk(std::uint32_t size) {
+void* CQXBlockBuffer::GetBufferFromNextChunk(std::uint32_t size) noexcept {
   // Chunks kept by a reset come first; one that is too small for this block is passed over.
   Chunk* kept = current_ == nullptr ? first_ : current_->next;
   while (kept != nullptr && kept->room() < Rounded(size)) kept = kept->next;
@@ -32,13 +33,13 @@ void* CQXBlockBuffer::GetBufferFromNextChunk(std::uint32_t size) {
   return GetBuffer(size);
 }
 
-void CQXBlockBuffer::Enter(Chunk* chunk) {
+void CQXBlockBuffer::Enter(Chunk* chunk) noexcept {
   current_ = chunk;
   next_ = chunk->begin();
   end_ = chunk->end();
 }
 
-CQXBlockBuffer::Chunk* CQXBlockBuffer::Allocate(std::size_t block) {
+CQXBlockBuffer::Chunk* CQXBlockBuffer::Allocate(std::size_t block) noexcept {
   // Only called with the list used up, so that the new chunk follows the last one.
   Chunk* last = current_ == nullptr ? first_ : current_;
   while (last != nullptr && last->next != nullptr) last = last->next;
@@ -50,18 +51,25 @@ CQXBlockBuffer::Chunk* CQXBlockBuffer::Allocate(std::size_t block) {
   if (memory == nullptr) return nullptr;
   auto* const chunk = new (memory) Chunk{nullptr, size};
   (last == nullptr ? first_ : last->next) = chunk;
+  Close(chunk->begin(), chunk->room());
   return chunk;
 }
 
-void CQXBlockBuffer::Reset() {
+void CQXBlockBuffer::Reset() noexcept {
   ForgetZone();
+#if defined(QXFMT_GUARDS_BLOCKS)
+  for (Chunk* chunk = first_; chunk != nullptr; chunk = chunk->next) {
+    Close(chunk->begin(), chunk->room());
+  }
+#endif
   if (first_ != nullptr) Enter(first_);
 }
 
-void CQXBlockBuffer::ReleaseAll() {
+void CQXBlockBuffer::ReleaseAll() noexcept {
   ForgetZone();
   for (Chunk* chunk = first_; chunk != nullptr;) {
     Chunk* const next = chunk->next;
+    Open(chunk->begin(), chunk->room());
     ::operator delete(chunk);
     chunk = next;
   }

@@ -20,9 +20,9 @@ void* Allocate(std::size_t size) {
 
 }  // namespace
 
-// Every form that the arena and the standard containers use. Not inlined: g++ would take a free
-// that it sees directly for one that does not match its new.
-void* operator new(std::size_t size) {
+// Every form that the arena and the standard containers use. Not inlined: g++ would take a malloc
+// or a free that it sees directly for one that does not match its delete or new.
+[[gnu::noinline]] void* operator new(std::size_t size) {
   if (void* const memory = Allocate(size)) return memory;
   throw std::bad_alloc();
 }
@@ -34,6 +34,9 @@ void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
   std::free(memory);
 }
 
+// Of the sanitizer's runtime; null without it.
+extern "C" [[gnu::weak]] int __asan_address_is_poisoned(const volatile void*);
+
 // Chunks of 1, 4, 16, 64, 256 KiB, and from then on of 1 MiB; and none once there is enough.
 TEST(Library, TakesMemoryInGrowingChunks) {
   constexpr int kChunks = 8;
@@ -41,10 +44,10 @@ TEST(Library, TakesMemoryInGrowingChunks) {
   int results = 0;
   allocations = 0;
   CQXDataFormat format;
-  for (; allocations < kChunks; ++results) format.FormatMacAddress(0);
+  for (; allocations < kChunks; ++results) static_cast<void>(format.FormatMacAddress(0));
   EXPECT_NEAR(results, kInAllButTheLast, 8);
   format.Reset();
-  for (; results > 0; --results) format.FormatMacAddress(0);
+  for (; results > 0; --results) static_cast<void>(format.FormatMacAddress(0));
   EXPECT_EQ(allocations, kChunks);
 }
 
@@ -80,6 +83,19 @@ TEST(Library, WorksAgainAfterRefusedMemory) {
   EXPECT_EQ(Utf8(without_second_chunk), "[MEM_ERR]");
   EXPECT_EQ(Utf8(format.FormatDecimal(0.5)), "0.50");
   EXPECT_EQ(Utf8(kept), "1");
+}
+
+// In this chunk and in one that is taken later.
+TEST(Library, AddressSanitizerSeesTextsUsedAfterReset) {
+  if (__asan_address_is_poisoned == nullptr) GTEST_SKIP() << "without AddressSanitizer";
+  CQXDataFormat format;
+  std::vector<ResultText> texts;
+  for (int i = 0; i < 100; ++i) texts.push_back(format.FormatMacAddress(0));
+  for (const ResultText text : texts) EXPECT_EQ(Utf8(text), "00:00:00:00:00:00");
+  format.Reset();
+  for (const ResultText text : texts) EXPECT_NE(__asan_address_is_poisoned(text), 0);
+  EXPECT_DEATH(static_cast<void>(Utf8(texts[0])), "use-after-poison");
+  EXPECT_EQ(Utf8(format.FormatNumber(1, 0)), "1");
 }
 
 TEST(Library, ResetForgetsTheZone) {
