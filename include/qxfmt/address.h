@@ -45,28 +45,29 @@
 /// @return the octets read; 0 for a refused text. "0.0.0.0" is 0 as well: only the flag tells. On a
 ///   little-endian machine it goes to `in_addr.s_addr` as it is, without `htonl`; on a big-endian
 ///   one with its bytes swapped.
-QXFMT_API std::uint32_t QXFMT_GetIpAddress(WideText text, std::int32_t* valid);
+[[nodiscard]] QXFMT_API std::uint32_t QXFMT_GetIpAddress(WideText text,
+                                                         std::int32_t* valid) noexcept;
 
 /// Strict: exactly four groups of one to three decimal digits, each at most 255, divided by three
 /// dots, and nothing else. Leading zeros are allowed and change nothing: "010" is ten.
-QXFMT_API std::int32_t QXFMT_IsValidIpAddress(WideText text);
+[[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidIpAddress(WideText text) noexcept;
 
 /// Reads a port: one to five digits, 65535 at most.
 /// @param text the port.
 /// @param valid if not null, set to 0 on entry and to 1 on success.
 /// @return the number of the port; `sin_port` and `sin6_port` take `htons` of it. 0 for a refused
 ///   text. Port 0 is a good port: only the flag tells.
-QXFMT_API std::uint16_t QXFMT_GetPortVal(WideText text, std::int32_t* valid);
+[[nodiscard]] QXFMT_API std::uint16_t QXFMT_GetPortVal(WideText text, std::int32_t* valid) noexcept;
 
 /// Whether `QXFMT_GetPortVal` reads the text.
-QXFMT_API std::int32_t QXFMT_IsValidPort(WideText text);
+[[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidPort(WideText text) noexcept;
 
 /// 1 for every port, 0 and 65535 included.
-QXFMT_API std::int32_t QXFMT_IsValidPort(std::uint16_t port);
+[[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidPort(std::uint16_t port) noexcept;
 
 /// Whether an integer of another type is 0 to 65535. `QXFMT_IsValidPort(65536)` gives 0.
 template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint16_t>>
-std::int32_t QXFMT_IsValidPort(Integer port) {
+[[nodiscard]] constexpr std::int32_t QXFMT_IsValidPort(Integer port) noexcept {
   return !qxfmt::IsNegative(port) && static_cast<std::uint64_t>(port) <= 0xFFFF ? 1 : 0;
 }
 /// @}
@@ -78,19 +79,19 @@ std::int32_t QXFMT_IsValidPort(Integer port) {
 /// gives 0x00FFFFFF, which is 255.255.255.0. Byte order as with addresses: on a little-endian
 /// machine it masks `in_addr.s_addr` as it is.
 /// @param bits the prefix length; above 32 the result is 0.
-QXFMT_API std::uint32_t QXFMT_BitsToMask(std::uint8_t bits);
+[[nodiscard]] QXFMT_API std::uint32_t QXFMT_BitsToMask(std::uint8_t bits) noexcept;
 
 /// The count of leading ones, 0 to 32. What follows the first zero is not looked at: 255.0.255.0
 /// gives 8. Byte order as with addresses: not `ntohl` of a mask in network order.
-QXFMT_API std::uint8_t QXFMT_MaskToBits(std::uint32_t mask);
+[[nodiscard]] QXFMT_API std::uint8_t QXFMT_MaskToBits(std::uint32_t mask) noexcept;
 
 /// Whether the mask is not 0 and each of its octets, taken by itself, is a run of ones followed by
 /// a run of zeros. The ones need not run through from octet to octet: 255.0.255.0 passes. The order
 /// of the octets does not matter to this test.
-QXFMT_API std::int32_t QXFMT_IsValidIpMask(std::uint32_t mask);
+[[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidIpMask(std::uint32_t mask) noexcept;
 
 /// The same test on text that `QXFMT_IsValidIpAddress` passes; 0 for any other text.
-QXFMT_API std::int32_t QXFMT_IsValidIpMask(WideText text);
+[[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidIpMask(WideText text) noexcept;
 /// @}
 
 /// @name MAC addresses
@@ -99,7 +100,7 @@ QXFMT_API std::int32_t QXFMT_IsValidIpMask(WideText text);
 /// Reads one or two hexadecimal digits in either case; what follows them is not looked at.
 /// @return the first two units as high and low digit; the first alone if the second is no digit;
 ///   a first unit that is no digit counts as 0. 0 for a null or an empty text.
-QXFMT_API std::uint8_t QXFMT_GetHexValue(WideText text);
+[[nodiscard]] QXFMT_API std::uint8_t QXFMT_GetHexValue(WideText text) noexcept;
 
 /// Reads text that `QXFMT_IsValidMacAddress` passes. The digits are paired in order of appearance;
 /// separators count for nothing, wherever they stand: "0011-2233-4455" and "001:122:334:455" are
@@ -111,22 +112,25 @@ QXFMT_API std::uint8_t QXFMT_GetHexValue(WideText text);
 ///   pairs; what is then missing at the end is 0, and a digit left alone is the low half of its
 ///   octet.
 /// @return the address, with bits 48 to 63 clear; all 64 bits set for a refused text.
-QXFMT_API std::uint64_t QXFMT_GetMacAddress(WideText text, char16_t separator);
+[[nodiscard]] QXFMT_API std::uint64_t QXFMT_GetMacAddress(WideText text,
+                                                          char16_t separator) noexcept;
 
 /// The octets as a value, octets[0] in the lowest 8 bits.
 /// @param octets not null; in the order of the text.
 /// @param count six octets are read if it is 6, and eight otherwise, whatever it is.
-QXFMT_API std::uint64_t QXFMT_GetMacAddress(const std::uint8_t* octets, std::int32_t count);
+[[nodiscard]] QXFMT_API std::uint64_t QXFMT_GetMacAddress(const std::uint8_t* octets,
+                                                          std::int32_t count) noexcept;
 
 /// Whether the text has 11 to 17 units, all of them hexadecimal digits, ":" or "-", and exactly
 /// twelve digits. Where the separators stand does not matter.
-QXFMT_API std::int32_t QXFMT_IsValidMacAddress(WideText text);
+[[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidMacAddress(WideText text) noexcept;
 
 /// 1 for every value.
-QXFMT_API std::int32_t QXFMT_IsValidMacAddress(std::uint64_t address);
+[[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidMacAddress(std::uint64_t address) noexcept;
 
 /// 1 for all octets and every count, null and 0 included; nothing is read.
-QXFMT_API std::int32_t QXFMT_IsValidMacAddress(const std::uint8_t* octets, std::int32_t count);
+[[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidMacAddress(const std::uint8_t* octets,
+                                                             std::int32_t count) noexcept;
 /// @}
 
 /// @name IPv6 addresses
@@ -145,8 +149,9 @@ QXFMT_API std::int32_t QXFMT_IsValidMacAddress(const std::uint8_t* octets, std::
 /// @param address 16 bytes in network order, the `s6_addr` of an `in6_addr` for one; all written at
 ///   the end of success and untouched otherwise. Null to only test.
 /// @return 1 if the text was read, else 0.
-QXFMT_API std::int32_t QXFMT_GetIPv6Address(WideText text, std::uint8_t* address);
+[[nodiscard]] QXFMT_API std::int32_t QXFMT_GetIPv6Address(WideText text,
+                                                          std::uint8_t* address) noexcept;
 
 /// Whether `QXFMT_GetIPv6Address` reads the text.
-QXFMT_API std::int32_t QXFMT_IsValidIPv6Address(WideText text);
+[[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidIPv6Address(WideText text) noexcept;
 /// @}

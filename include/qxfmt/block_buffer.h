@@ -6,11 +6,27 @@
 #include <cstddef>
 #include <cstdint>
 
+// Whether this is a part of a library that is built with AddressSanitizer. An application's own
+// sanitizer does not matter: blocks are taken in the library.
+#if defined(QXFMT_BUILDING) && defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define QXFMT_GUARDS_BLOCKS
+#endif
+#elif defined(QXFMT_BUILDING) && defined(__SANITIZE_ADDRESS__)
+#define QXFMT_GUARDS_BLOCKS
+#endif
+#if defined(QXFMT_GUARDS_BLOCKS)
+#include <sanitizer/asan_interface.h>
+#endif
+
 /// Hands out blocks that stay where they are until `Reset` or `ReleaseAll`.
 ///
 /// Lazy: owns no memory until the first block. Memory comes in chunks from `operator new`: a small
 /// one first, each further one larger by the growth factor, up to the largest chunk. `Reset` keeps
 /// the chunks, so that a caller that resets regularly soon allocates nothing more.
+///
+/// Where the library is built with AddressSanitizer, only blocks that are taken may be touched: it
+/// reports a text that is used after a reset.
 ///
 /// It holds all the state of a formatter, and so what that remembers of the local zone as well.
 ///
@@ -29,7 +45,7 @@ class CQXBlockBuffer {
   /// Takes no memory.
   /// @param largest_chunk bytes, book-keeping included, that a chunk grows to at most; a larger
   ///   block gets a chunk as large as it needs.
-  explicit CQXBlockBuffer(std::uint32_t largest_chunk);
+  explicit CQXBlockBuffer(std::uint32_t largest_chunk) noexcept;
   /// Does what `ReleaseAll` does.
   ~CQXBlockBuffer();
 
@@ -41,44 +57,60 @@ class CQXBlockBuffer {
   /// Sets the sizes of chunks. Called once, before the first block.
   /// @param first_chunk bytes of the first chunk, book-keeping included.
   /// @param growth how many times larger each further chunk is than the one before.
-  void SetBlockSize(std::uint32_t first_chunk, std::uint32_t growth);
+  void SetBlockSize(std::uint32_t first_chunk, std::uint32_t growth) noexcept;
 
   /// A block of at least `size` bytes, aligned for 16-bit units, its content undefined; or null
   /// when memory cannot be had. Never throws.
-  void* GetBuffer(std::uint32_t size) {
+  [[nodiscard]] void* GetBuffer(std::uint32_t size) noexcept {
     const std::size_t rounded = Rounded(size);
     if (static_cast<std::size_t>(end_ - next_) < rounded) return GetBufferFromNextChunk(size);
     char* const block = next_;
     next_ += rounded;
+    Open(block, rounded);
     return block;
   }
 
   /// The only room that a span of this number can lie in.
-  ZoneSpan& zone_span(std::uint32_t number) { return zone_spans_[number % kZoneSpans]; }
+  [[nodiscard]] ZoneSpan& zone_span(std::uint32_t number) noexcept {
+    return zone_spans_[number % kZoneSpans];
+  }
 
   /// Voids all blocks, forgets the zone, and keeps the memory for the next blocks.
-  void Reset();
+  void Reset() noexcept;
 
   /// Voids all blocks, forgets the zone, and gives all memory back.
-  void ReleaseAll();
+  void ReleaseAll() noexcept;
 
  private:
   static constexpr std::uint32_t kZoneSpans = 4;
 
   struct Chunk;
 
-  void ForgetZone() {
+  void ForgetZone() noexcept {
     for (ZoneSpan& span : zone_spans_) span = {};
   }
 
   // Only as much alignment as 16-bit units need: a million blocks of 50 bytes waste nothing.
-  static constexpr std::size_t Rounded(std::uint32_t size) {
+  static constexpr std::size_t Rounded(std::uint32_t size) noexcept {
     return std::size_t{size} + (size & 1);
   }
 
-  void* GetBufferFromNextChunk(std::uint32_t size);
-  void Enter(Chunk* chunk);
-  Chunk* Allocate(std::size_t block);
+  // Memory that may be touched from now on, and memory that may not.
+#if defined(QXFMT_GUARDS_BLOCKS)
+  static void Open(void* memory, std::size_t size) noexcept {
+    __asan_unpoison_memory_region(memory, size);
+  }
+  static void Close(void* memory, std::size_t size) noexcept {
+    __asan_poison_memory_region(memory, size);
+  }
+#else
+  static void Open(void* /*memory*/, std::size_t /*size*/) noexcept {}
+  static void Close(void* /*memory*/, std::size_t /*size*/) noexcept {}
+#endif
+
+  void* GetBufferFromNextChunk(std::uint32_t size) noexcept;
+  void Enter(Chunk* chunk) noexcept;
+  Chunk* Allocate(std::size_t block) noexcept;
 
   char* next_ = nullptr;      // where the next block starts
   char* end_ = nullptr;       // where the current chunk ends

@@ -133,7 +133,7 @@ template <typename Time>
 template <typename Duration>
 [[nodiscard]] ResultText FormatDateTime(
     CQXDataFormat& format, std::chrono::time_point<std::chrono::system_clock, Duration> time,
-    QXFMT_TIME_ACCURACY accuracy, QXFMT_DATE_FORMAT layout = QXFMT_DATE_DEFAULT) {
+    QXFMT_TIME_ACCURACY accuracy, QXFMT_DATE_FORMAT layout = QXFMT_DATE_DEFAULT) noexcept {
   if (accuracy == QXFMT_TIME_SECOND) return format.FormatDateTime(Seconds(time), layout);
   if (accuracy == QXFMT_TIME_MSECOND) {
     return format.FormatMSecondDataTime(Milliseconds(time), layout);
@@ -149,7 +149,7 @@ template <typename Duration>
 template <typename Duration>
 [[nodiscard]] ResultText FormatTime(
     CQXDataFormat& format, std::chrono::time_point<std::chrono::system_clock, Duration> time,
-    QXFMT_TIME_ACCURACY accuracy) {
+    QXFMT_TIME_ACCURACY accuracy) noexcept {
   if (accuracy == QXFMT_TIME_SECOND) return format.FormatTime(Seconds(time));
   if (accuracy == QXFMT_TIME_MSECOND) return format.FormatMSecondTime(Milliseconds(time));
   if (accuracy == QXFMT_TIME_USECOND) return format.FormatHiResTime(Microseconds(time));

@@ -41,7 +41,7 @@ class GrowableText;
 class QXFMT_API CQXDataFormat {
  public:
   /// Takes no memory.
-  CQXDataFormat();
+  CQXDataFormat() noexcept;
   /// Voids all results in the arena and gives its memory back.
   ~CQXDataFormat();
   /// Not available: a result belongs to one object.
@@ -49,11 +49,11 @@ class QXFMT_API CQXDataFormat {
 
   /// Does nothing and returns the target: each object keeps its own arena and its own results.
   /// The arena is all the state that a formatter has, so that there is nothing else to assign.
-  CQXDataFormat& operator=(const CQXDataFormat& source);
+  CQXDataFormat& operator=(const CQXDataFormat& source) noexcept;
 
   /// Voids all results of this object and keeps its memory for the next ones. The static texts
   /// (failure texts and the empty text) stay valid. Forgets what the object learned of the zone.
-  void Reset();
+  void Reset() noexcept;
 
   /// @name Whole numbers
   /// Decimal text of an integer; every value of every type fits. No setting is read.
@@ -62,17 +62,17 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// At most "18,446,744,073,709,551,615". One block of 256 bytes.
-  ResultText FormatNumber(std::uint64_t value, std::int32_t grouped);
+  [[nodiscard]] ResultText FormatNumber(std::uint64_t value, std::int32_t grouped) noexcept;
   /// At most "-9,223,372,036,854,775,808". One block of 256 bytes.
-  ResultText FormatNumber(std::int64_t value, std::int32_t grouped);
+  [[nodiscard]] ResultText FormatNumber(std::int64_t value, std::int32_t grouped) noexcept;
   /// At most "4,294,967,295". One block of 128 bytes.
-  ResultText FormatNumber(std::uint32_t value, std::int32_t grouped);
+  [[nodiscard]] ResultText FormatNumber(std::uint32_t value, std::int32_t grouped) noexcept;
   /// At most "-2,147,483,648". One block of 128 bytes.
-  ResultText FormatNumber(std::int32_t value, std::int32_t grouped);
+  [[nodiscard]] ResultText FormatNumber(std::int32_t value, std::int32_t grouped) noexcept;
   /// At most "65,535". One block of 64 bytes.
-  ResultText FormatNumber(std::uint16_t value, std::int32_t grouped);
+  [[nodiscard]] ResultText FormatNumber(std::uint16_t value, std::int32_t grouped) noexcept;
   /// At most "-32,768". One block of 64 bytes.
-  ResultText FormatNumber(std::int16_t value, std::int32_t grouped);
+  [[nodiscard]] ResultText FormatNumber(std::int16_t value, std::int32_t grouped) noexcept;
   /// @}
 
   /// @name Decimals
@@ -90,23 +90,25 @@ class QXFMT_API CQXDataFormat {
   /// @param places decimals; capped to 0..32.
   /// @param grouped non-zero puts "," between groups of three digits of the integer part, and after
   ///   rounding: 999.999 with 2 places reads "1,000.00".
-  ResultText FormatNumberEx(double value, std::int32_t places, std::int32_t grouped);
+  [[nodiscard]] ResultText FormatNumberEx(double value, std::int32_t places,
+                                          std::int32_t grouped) noexcept;
 
   /// `FormatNumberEx` with the places of `QXFMT_SetNumberDecimalPlaces`.
-  ResultText FormatNumber(double value, std::int32_t grouped);
+  [[nodiscard]] ResultText FormatNumber(double value, std::int32_t grouped) noexcept;
 
   /// A whole number with a least count of digits: 5 with 3 reads "005". Every value fits.
   /// @param value the number.
   /// @param places least count of digits, filled with leading zeros; capped to 0..6. With 0 the
   ///   value 0 reads as the empty text.
   /// @param grouped non-zero puts "," between groups of three digits, leading zeros included.
-  ResultText FormatNumberEx(std::uint64_t value, std::int32_t places, std::int32_t grouped);
+  [[nodiscard]] ResultText FormatNumberEx(std::uint64_t value, std::int32_t places,
+                                          std::int32_t grouped) noexcept;
 
   /// Two decimals, never grouped, no setting read. Every value fits: at most 43 units. One block
   /// of 128 bytes.
-  ResultText FormatDecimal(float value);
+  [[nodiscard]] ResultText FormatDecimal(float value) noexcept;
   /// Two decimals, never grouped, no setting read. At most 126 units.
-  ResultText FormatDecimal(double value);
+  [[nodiscard]] ResultText FormatDecimal(double value) noexcept;
   /// @}
 
   /// @name Data sizes
@@ -134,13 +136,15 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// Bytes in the unit of `QXFMT_SetByteFormat` or by magnitude: "1.50 KB".
-  ResultText FormatByte(std::uint64_t value, std::int32_t places);
+  [[nodiscard]] ResultText FormatByte(std::uint64_t value, std::int32_t places) noexcept;
   /// Bytes in the unit given, grouped: "1,205,632,705.20 KB".
-  ResultText FormatByte(std::uint64_t value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
+  [[nodiscard]] ResultText FormatByte(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
+                                      std::int32_t places) noexcept;
   /// Bits in the unit of `QXFMT_SetBitFormat` or by magnitude: "1.50 Kb".
-  ResultText FormatBit(std::uint64_t value, std::int32_t places);
+  [[nodiscard]] ResultText FormatBit(std::uint64_t value, std::int32_t places) noexcept;
   /// Bits in the unit given, grouped: "1,234,567,890.12 Kb".
-  ResultText FormatBit(std::uint64_t value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
+  [[nodiscard]] ResultText FormatBit(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
+                                     std::int32_t places) noexcept;
   /// @}
 
   /// @name Data rates
@@ -169,21 +173,25 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// Bytes in the unit of `QXFMT_SetBytePerSecondFormat` or by magnitude: "1.50 KBps".
-  ResultText FormatBytePerSecond(std::uint64_t value);
+  [[nodiscard]] ResultText FormatBytePerSecond(std::uint64_t value) noexcept;
   /// Bytes in the unit of `QXFMT_SetBytePerSecondFormat` or by magnitude: "1.50 KBps".
-  ResultText FormatBytePerSecond(double value);
+  [[nodiscard]] ResultText FormatBytePerSecond(double value) noexcept;
   /// Bytes in the unit given, grouped: "1,205 KBps" with 0 places.
-  ResultText FormatBytePerSecond(std::uint64_t value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
+  [[nodiscard]] ResultText FormatBytePerSecond(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
+                                               std::int32_t places) noexcept;
   /// Bytes in the unit given, grouped: "1,205.632 KBps" with 3 places.
-  ResultText FormatBytePerSecond(double value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
+  [[nodiscard]] ResultText FormatBytePerSecond(double value, QXFMT_BYTES_FORMAT unit,
+                                               std::int32_t places) noexcept;
   /// Bits in the unit of `QXFMT_SetBitPerSecondFormat` or by magnitude: "2.50 Mbps".
-  ResultText FormatBitPerSecond(std::uint64_t value);
+  [[nodiscard]] ResultText FormatBitPerSecond(std::uint64_t value) noexcept;
   /// Bits in the unit of `QXFMT_SetBitPerSecondFormat` or by magnitude: "2.50 Mbps".
-  ResultText FormatBitPerSecond(double value);
+  [[nodiscard]] ResultText FormatBitPerSecond(double value) noexcept;
   /// Bits in the unit given, grouped: "1,235 Kbps" with 0 places.
-  ResultText FormatBitPerSecond(std::uint64_t value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
+  [[nodiscard]] ResultText FormatBitPerSecond(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
+                                              std::int32_t places) noexcept;
   /// Bits in the unit given, grouped: "1,234.568 Kbps" with 3 places.
-  ResultText FormatBitPerSecond(double value, QXFMT_BYTES_FORMAT unit, std::int32_t places);
+  [[nodiscard]] ResultText FormatBitPerSecond(double value, QXFMT_BYTES_FORMAT unit,
+                                              std::int32_t places) noexcept;
   /// @}
 
   /// @name Percentages
@@ -195,11 +203,11 @@ class QXFMT_API CQXDataFormat {
 
   /// Without decimals. The product with 100 is taken modulo 2^32, as a signed number: 21474837
   /// reads "-2,147,483,596%". One block of 128 bytes.
-  ResultText FormatPercentage(std::int32_t value);
+  [[nodiscard]] ResultText FormatPercentage(std::int32_t value) noexcept;
   /// With the decimals of `QXFMT_SetNumberDecimalPlaces`: "12.30%". The product with 100 is taken
   /// in single precision. One that is too large for it, and an infinity, read "inf%" or "-inf%"; a
   /// NaN reads "nan%" or "-nan%". One block of 256 bytes.
-  ResultText FormatPercentage(float value);
+  [[nodiscard]] ResultText FormatPercentage(float value) noexcept;
   /// @}
 
   /// @name Bit patterns
@@ -207,11 +215,11 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// 8 bits: "1010 0101". One block of 64 bytes.
-  ResultText FormatBinary(std::uint8_t value);
+  [[nodiscard]] ResultText FormatBinary(std::uint8_t value) noexcept;
   /// 16 bits: "0001 0010 0011 0100". One block of 64 bytes.
-  ResultText FormatBinary(std::uint16_t value);
+  [[nodiscard]] ResultText FormatBinary(std::uint16_t value) noexcept;
   /// 32 bits, 39 units of text. One block of 128 bytes.
-  ResultText FormatBinary(std::uint32_t value);
+  [[nodiscard]] ResultText FormatBinary(std::uint32_t value) noexcept;
   /// @}
 
   /// @name IPv4 addresses
@@ -225,16 +233,16 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// "127.0.0.1", on a little-endian machine from `in_addr.s_addr` as it is. One block of 40 bytes.
-  ResultText FormatIpAddress(std::uint32_t address);
+  [[nodiscard]] ResultText FormatIpAddress(std::uint32_t address) noexcept;
   /// "127.0.0.1" in the caller's area. Takes no block and returns the area. At most the first 16
   /// units are touched.
   /// @param address the first octet in the lowest 8 bits, as in the overload without an area.
   /// @param buffer the area; not null unless the length is refused.
   /// @param length units of the area. Below 16, which the longest address with its terminator
   ///   takes, the area is left untouched and the result is "[BUF_LEN_ERR]".
-  ResultText FormatIpAddress(std::uint32_t address, char16_t* buffer, std::int32_t length);
+  ResultText FormatIpAddress(std::uint32_t address, char16_t* buffer, std::int32_t length) noexcept;
   /// "127.0.0.1:8080", the port as `ntohs(sin_port)` gives it. One block of 128 bytes.
-  ResultText FormatIpPort(std::uint32_t address, std::uint16_t port);
+  [[nodiscard]] ResultText FormatIpPort(std::uint32_t address, std::uint16_t port) noexcept;
   /// @}
 
   /// @name Link-layer addresses
@@ -243,12 +251,14 @@ class QXFMT_API CQXDataFormat {
 
   /// "00:1A:2B:3C:4D:5E", the octet in the lowest 8 bits first; bits 48 to 63 are ignored. One
   /// block of 50 bytes.
-  ResultText FormatMacAddress(std::uint64_t address);
+  [[nodiscard]] ResultText FormatMacAddress(std::uint64_t address) noexcept;
   /// As many octets as `count` says, 1 to 8, in array order; no others are read. For any other
   /// count the text is "???" and nothing is read. One block of 64 bytes.
-  ResultText FormatMacAddress(const std::uint8_t* octets, std::int32_t count);
+  [[nodiscard]] ResultText FormatMacAddress(const std::uint8_t* octets,
+                                            std::int32_t count) noexcept;
   /// Not implemented: always the static text "NOIMPLEMENT". Reads nothing and takes no block.
-  ResultText FormatIPXAddress(const std::uint8_t* octets, std::int32_t count);
+  [[nodiscard]] ResultText FormatIPXAddress(const std::uint8_t* octets,
+                                            std::int32_t count) noexcept;
   /// @}
 
   /// @name IPv6 addresses
@@ -262,11 +272,13 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// "2001:db8::1", at most 45 units. One block of 100 bytes; none for a null address.
-  ResultText FormatIPv6Address(const std::uint8_t* address, QXFMT_IPV6_TYPE type);
+  [[nodiscard]] ResultText FormatIPv6Address(const std::uint8_t* address,
+                                             QXFMT_IPV6_TYPE type) noexcept;
   /// "[2001:db8::1]:443", the port as `ntohs(sin6_port)` gives it. A failure text of the address
   /// stands in the brackets: "[[INPUT_ERR_NULL]]:80". Two blocks, of 128 and of 100 bytes; only the
   /// first holds the result.
-  ResultText FormatIpv6Port(const std::uint8_t* address, std::uint16_t port, QXFMT_IPV6_TYPE type);
+  [[nodiscard]] ResultText FormatIpv6Port(const std::uint8_t* address, std::uint16_t port,
+                                          QXFMT_IPV6_TYPE type) noexcept;
   /// @}
 
   /// @name Dates and times of day
@@ -283,11 +295,11 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// "2023/11/15". One block of 128 bytes.
-  ResultText FormatDate(std::int64_t seconds, QXFMT_DATE_FORMAT layout);
+  [[nodiscard]] ResultText FormatDate(std::int64_t seconds, QXFMT_DATE_FORMAT layout) noexcept;
   /// "06:13:20". One block of 64 bytes.
-  ResultText FormatTime(std::int64_t seconds);
+  [[nodiscard]] ResultText FormatTime(std::int64_t seconds) noexcept;
   /// "2023/11/15 06:13:20". Two blocks of 128 bytes; only the first holds the result.
-  ResultText FormatDateTime(std::int64_t seconds, QXFMT_DATE_FORMAT layout);
+  [[nodiscard]] ResultText FormatDateTime(std::int64_t seconds, QXFMT_DATE_FORMAT layout) noexcept;
   /// @}
 
   /// @name Timestamps with a fraction of a second
@@ -302,17 +314,20 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// "2023/11/15 06:13:20.123" from milliseconds.
-  ResultText FormatMSecondDataTime(std::int64_t milliseconds, QXFMT_DATE_FORMAT layout);
+  [[nodiscard]] ResultText FormatMSecondDataTime(std::int64_t milliseconds,
+                                                 QXFMT_DATE_FORMAT layout) noexcept;
   /// "2023/11/15 06:13:20.000123" from microseconds.
-  ResultText FormatHiResDateTime(std::int64_t microseconds, QXFMT_DATE_FORMAT layout);
+  [[nodiscard]] ResultText FormatHiResDateTime(std::int64_t microseconds,
+                                               QXFMT_DATE_FORMAT layout) noexcept;
   /// "2023/11/15 06:13:20.000000123" from nanoseconds, which reach to the year 2262.
-  ResultText FormatMaxHiResDateTime(std::int64_t nanoseconds, QXFMT_DATE_FORMAT layout);
+  [[nodiscard]] ResultText FormatMaxHiResDateTime(std::int64_t nanoseconds,
+                                                  QXFMT_DATE_FORMAT layout) noexcept;
   /// "06:13:20.123" from milliseconds.
-  ResultText FormatMSecondTime(std::int64_t milliseconds);
+  [[nodiscard]] ResultText FormatMSecondTime(std::int64_t milliseconds) noexcept;
   /// "06:13:20.000123" from microseconds.
-  ResultText FormatHiResTime(std::int64_t microseconds);
+  [[nodiscard]] ResultText FormatHiResTime(std::int64_t microseconds) noexcept;
   /// "06:13:20.000000123" from nanoseconds.
-  ResultText FormatMaxHiResTime(std::int64_t nanoseconds);
+  [[nodiscard]] ResultText FormatMaxHiResTime(std::int64_t nanoseconds) noexcept;
   /// @}
 
   /// @name Timestamps with a chosen accuracy
@@ -326,11 +341,12 @@ class QXFMT_API CQXDataFormat {
 
   /// As `FormatDateTime` (seconds), `FormatMSecondDataTime`, `FormatHiResDateTime` or
   /// `FormatMaxHiResDateTime`.
-  ResultText FormatAllDateTime(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy,
-                               QXFMT_DATE_FORMAT layout);
+  [[nodiscard]] ResultText FormatAllDateTime(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy,
+                                             QXFMT_DATE_FORMAT layout) noexcept;
   /// As `FormatTime` (seconds), `FormatMSecondTime`, `FormatHiResTime` or `FormatMaxHiResTime`: the
   /// time of day alone.
-  ResultText FormatAllTime(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy);
+  [[nodiscard]] ResultText FormatAllTime(std::int64_t nanoseconds,
+                                         QXFMT_TIME_ACCURACY accuracy) noexcept;
   /// @}
 
   /// @name OLE automation dates
@@ -344,7 +360,7 @@ class QXFMT_API CQXDataFormat {
   ///   fields of a date outside them, before or after the carry, of a NaN and of an infinity read
   ///   as -1 ("-1/-1/-1 -1:-1:-1"), the month too where the layout asks for its name.
   /// @param layout as for the dates.
-  ResultText FormatOleDateTime(double date, QXFMT_DATE_FORMAT layout);
+  [[nodiscard]] ResultText FormatOleDateTime(double date, QXFMT_DATE_FORMAT layout) noexcept;
   /// @}
 
   /// @name Durations
@@ -365,19 +381,24 @@ class QXFMT_API CQXDataFormat {
 
   /// From seconds, without a sign and a fraction: "01:01:01", "1h1m1s", "3661". The last layout has
   /// two digits at least: "05".
-  ResultText FormatDurationSecond(std::uint32_t seconds, QXFMT_DURATION_FORMAT format);
+  [[nodiscard]] ResultText FormatDurationSecond(std::uint32_t seconds,
+                                                QXFMT_DURATION_FORMAT format);
   /// From milliseconds: "01:01:01.500", "1h1m1s500ms", "3661.500".
-  ResultText FormatDurationMSecond(std::int64_t milliseconds, QXFMT_DURATION_FORMAT format);
+  [[nodiscard]] ResultText FormatDurationMSecond(std::int64_t milliseconds,
+                                                 QXFMT_DURATION_FORMAT format);
   /// From microseconds: "01:01:01.500000", "1h1m1s500ms", "3661.500000".
-  ResultText FormatDurationUSecond(std::int64_t microseconds, QXFMT_DURATION_FORMAT format);
+  [[nodiscard]] ResultText FormatDurationUSecond(std::int64_t microseconds,
+                                                 QXFMT_DURATION_FORMAT format);
   /// From nanoseconds: "01:01:01.500000000", "1h1m1s500ms", "3661.500000000".
-  ResultText FormatDurationNSecond(std::int64_t nanoseconds, QXFMT_DURATION_FORMAT format);
+  [[nodiscard]] ResultText FormatDurationNSecond(std::int64_t nanoseconds,
+                                                 QXFMT_DURATION_FORMAT format);
 
   /// Cuts nanoseconds off to the accuracy (toward zero) and goes on as the operation for that unit.
   /// Whole seconds go on as their low 32 bits, so that a negative span needs a finer accuracy. An
   /// accuracy outside its list gives the empty text and takes no block.
-  ResultText FormatDurationAllSecond(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy,
-                                     QXFMT_DURATION_FORMAT format);
+  [[nodiscard]] ResultText FormatDurationAllSecond(std::int64_t nanoseconds,
+                                                   QXFMT_TIME_ACCURACY accuracy,
+                                                   QXFMT_DURATION_FORMAT format);
   /// @}
 
   /// @name Time ranges
@@ -386,7 +407,7 @@ class QXFMT_API CQXDataFormat {
   /// A span of milliseconds, always in clock layout: "01:01:01.001". A negative value and one above
   /// 32503651200 (the number of `QXFMT_TIME_LIMIT`, here milliseconds: some 376 days) read as
   /// "[TIME_OUT_RANGE]" and take no block. Otherwise one block of 128 bytes.
-  ResultText FormatHiResTimeRange(std::int64_t milliseconds);
+  [[nodiscard]] ResultText FormatHiResTimeRange(std::int64_t milliseconds) noexcept;
   /// @}
 
   /// @name Numbers of other types
@@ -399,7 +420,7 @@ class QXFMT_API CQXDataFormat {
   /// The overload for the width and the sign of `Integer`.
   /// `FormatNumber(-1234567LL, 1)` gives "-1,234,567".
   template <typename Integer, typename = qxfmt::OtherInteger<Integer>>
-  ResultText FormatNumber(Integer value, std::int32_t grouped) {
+  [[nodiscard]] ResultText FormatNumber(Integer value, std::int32_t grouped) noexcept {
     return FormatNumber(static_cast<qxfmt::FixedWidth<Integer>>(value), grouped);
   }
 
@@ -407,7 +428,8 @@ class QXFMT_API CQXDataFormat {
   /// `FormatNumber`, without leading zeros.
   /// `FormatNumberEx(5, 3, 0)` gives "005", `FormatNumberEx(-5, 3, 0)` gives "-5".
   template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint64_t>>
-  ResultText FormatNumberEx(Integer value, std::int32_t places, std::int32_t grouped) {
+  [[nodiscard]] ResultText FormatNumberEx(Integer value, std::int32_t places,
+                                          std::int32_t grouped) noexcept {
     if (qxfmt::IsNegative(value)) return FormatNumber(static_cast<std::int64_t>(value), grouped);
     return FormatNumberEx(static_cast<std::uint64_t>(value), places, grouped);
   }
@@ -415,7 +437,7 @@ class QXFMT_API CQXDataFormat {
   /// The overload for a double, which holds integers up to 2^53 without loss.
   /// `FormatDecimal(5)` gives "5.00".
   template <typename Integer, typename = qxfmt::IntegerExcept<Integer>>
-  ResultText FormatDecimal(Integer value) {
+  [[nodiscard]] ResultText FormatDecimal(Integer value) noexcept {
     return FormatDecimal(static_cast<double>(value));
   }
 
@@ -424,27 +446,29 @@ class QXFMT_API CQXDataFormat {
   /// it optimizes).
   /// `FormatByte(1536, 2)` gives "1.50 KB".
   template <typename Integer, typename = qxfmt::SignedInteger<Integer>>
-  ResultText FormatByte(Integer value, std::int32_t places) QXFMT_REFUSE_NEGATIVE(value) {
+  [[nodiscard]] ResultText FormatByte(Integer value, std::int32_t places) noexcept
+      QXFMT_REFUSE_NEGATIVE(value) {
     return FormatByte(qxfmt::ExpectCount(value), places);
   }
   /// The overload for `std::uint64_t`. A negative count as where no unit is given.
   /// `FormatByte(1536, QXFMT_BYTES_B, 0)` gives "1,536 B".
   template <typename Integer, typename = qxfmt::SignedInteger<Integer>>
-  ResultText FormatByte(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places)
-      QXFMT_REFUSE_NEGATIVE(value) {
+  [[nodiscard]] ResultText FormatByte(Integer value, QXFMT_BYTES_FORMAT unit,
+                                      std::int32_t places) noexcept QXFMT_REFUSE_NEGATIVE(value) {
     return FormatByte(qxfmt::ExpectCount(value), unit, places);
   }
   /// The overload for `std::uint64_t`. A negative count as in `FormatByte`.
   /// `FormatBit(1500, 2)` gives "1.50 Kb".
   template <typename Integer, typename = qxfmt::SignedInteger<Integer>>
-  ResultText FormatBit(Integer value, std::int32_t places) QXFMT_REFUSE_NEGATIVE(value) {
+  [[nodiscard]] ResultText FormatBit(Integer value, std::int32_t places) noexcept
+      QXFMT_REFUSE_NEGATIVE(value) {
     return FormatBit(qxfmt::ExpectCount(value), places);
   }
   /// The overload for `std::uint64_t`. A negative count as in `FormatByte`.
   /// `FormatBit(1500, QXFMT_BYTES_B, 0)` gives "1,500 b".
   template <typename Integer, typename = qxfmt::SignedInteger<Integer>>
-  ResultText FormatBit(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places)
-      QXFMT_REFUSE_NEGATIVE(value) {
+  [[nodiscard]] ResultText FormatBit(Integer value, QXFMT_BYTES_FORMAT unit,
+                                     std::int32_t places) noexcept QXFMT_REFUSE_NEGATIVE(value) {
     return FormatBit(qxfmt::ExpectCount(value), unit, places);
   }
 
@@ -452,14 +476,15 @@ class QXFMT_API CQXDataFormat {
   /// shows.
   /// `FormatBytePerSecond(1536)` gives "1.50 KBps".
   template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint64_t>>
-  ResultText FormatBytePerSecond(Integer value) {
+  [[nodiscard]] ResultText FormatBytePerSecond(Integer value) noexcept {
     if (qxfmt::IsNegative(value)) return FormatBytePerSecond(static_cast<double>(value));
     return FormatBytePerSecond(static_cast<std::uint64_t>(value));
   }
   /// The overload for `std::uint64_t`, or for a double if the rate is negative.
   /// `FormatBytePerSecond(-1536, QXFMT_BYTES_KB, 1)` gives "-1.5 KBps".
   template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint64_t>>
-  ResultText FormatBytePerSecond(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places) {
+  [[nodiscard]] ResultText FormatBytePerSecond(Integer value, QXFMT_BYTES_FORMAT unit,
+                                               std::int32_t places) noexcept {
     if (qxfmt::IsNegative(value)) {
       return FormatBytePerSecond(static_cast<double>(value), unit, places);
     }
@@ -469,14 +494,15 @@ class QXFMT_API CQXDataFormat {
   /// `FormatBitPerSecond(1000)` gives "1.00 Kbps", `FormatBitPerSecond(-1000)` gives "-1000.00
   /// bps".
   template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint64_t>>
-  ResultText FormatBitPerSecond(Integer value) {
+  [[nodiscard]] ResultText FormatBitPerSecond(Integer value) noexcept {
     if (qxfmt::IsNegative(value)) return FormatBitPerSecond(static_cast<double>(value));
     return FormatBitPerSecond(static_cast<std::uint64_t>(value));
   }
   /// The overload for `std::uint64_t`, or for a double if the rate is negative.
   /// `FormatBitPerSecond(1000, QXFMT_BYTES_KB, 0)` gives "1 Kbps".
   template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint64_t>>
-  ResultText FormatBitPerSecond(Integer value, QXFMT_BYTES_FORMAT unit, std::int32_t places) {
+  [[nodiscard]] ResultText FormatBitPerSecond(Integer value, QXFMT_BYTES_FORMAT unit,
+                                              std::int32_t places) noexcept {
     if (qxfmt::IsNegative(value)) {
       return FormatBitPerSecond(static_cast<double>(value), unit, places);
     }
@@ -487,7 +513,7 @@ class QXFMT_API CQXDataFormat {
   /// the one for `std::int32_t`, which is modulo 2^32 anyway. A wider integer does not compile.
   /// `FormatPercentage(0.123)` gives "12.30%", `FormatPercentage(1U)` gives "100%".
   template <typename Number, typename = qxfmt::OtherRatio<Number>>
-  ResultText FormatPercentage(Number value) {
+  [[nodiscard]] ResultText FormatPercentage(Number value) noexcept {
     if constexpr (std::is_floating_point_v<Number>) {
       return FormatPercentage(static_cast<float>(value));
     } else {
@@ -501,7 +527,7 @@ class QXFMT_API CQXDataFormat {
   /// compile: the text has all bits of the type, and a 5 does not say how many it means.
   template <typename Integer,
             typename = qxfmt::IntegerExcept<Integer, std::uint8_t, std::uint16_t, std::uint32_t>>
-  ResultText FormatBinary(Integer value) {
+  [[nodiscard]] ResultText FormatBinary(Integer value) noexcept {
     static_assert(std::is_unsigned_v<Integer> && sizeof(Integer) == 4,
                   "FormatBinary shows as many bits as its type has: pass std::uint8_t, "
                   "std::uint16_t or std::uint32_t");

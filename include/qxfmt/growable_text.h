@@ -32,10 +32,10 @@ class QXFMT_API StatusException : public std::exception {
   ~StatusException() override;
 
   /// One of the three codes.
-  std::uint32_t status() const noexcept { return status_; }
+  [[nodiscard]] std::uint32_t status() const noexcept { return status_; }
 
   /// The same in a few English words; a static text.
-  const char* what() const noexcept override;
+  [[nodiscard]] const char* what() const noexcept override;
 
  private:
   std::uint32_t status_;
@@ -57,7 +57,7 @@ class FormatArgument {
   template <
       typename Integer,
       std::enable_if_t<std::is_integral_v<Integer> && !std::is_same_v<Integer, bool>, int> = 0>
-  explicit FormatArgument(Integer value)
+  explicit FormatArgument(Integer value) noexcept
       : kind_(std::is_signed_v<Integer> ? Kind::kSigned : Kind::kUnsigned),
         bits_(8 * sizeof(Integer)),
         integer_(static_cast<std::uint64_t>(value)) {}
@@ -66,20 +66,25 @@ class FormatArgument {
   template <
       typename Float,
       std::enable_if_t<std::is_same_v<Float, float> || std::is_same_v<Float, double>, int> = 0>
-  explicit FormatArgument(Float value) : kind_(Kind::kDouble), double_(double{value}) {}
+  explicit FormatArgument(Float value) noexcept : kind_(Kind::kDouble), double_(double{value}) {}
 
   /// A NUL-terminated text. A null one has the kind `kNone`.
-  explicit FormatArgument(WideText text) {
+  explicit FormatArgument(WideText text) noexcept {
     if (text != nullptr) *this = FormatArgument(std::u16string_view(text));
   }
   /// A text of known length, which may hold NUL units.
-  explicit FormatArgument(std::u16string_view text) : kind_(Kind::kText), text_(text) {}
+  explicit FormatArgument(std::u16string_view text) noexcept : kind_(Kind::kText), text_(text) {}
 
-  Kind kind() const { return kind_; }                 ///< which of the values below is set
-  std::uint32_t bits() const { return bits_; }        ///< width of an integer's type
-  std::uint64_t integer() const { return integer_; }  ///< sign-extended, modulo 2^64
-  double floating() const { return double_; }         ///< a `float` without loss, or the `double`
-  std::u16string_view text() const { return text_; }  ///< the text, without a terminator
+  /// Which of the values below is set.
+  [[nodiscard]] Kind kind() const noexcept { return kind_; }
+  /// Width of an integer's type.
+  [[nodiscard]] std::uint32_t bits() const noexcept { return bits_; }
+  /// Sign-extended, modulo 2^64.
+  [[nodiscard]] std::uint64_t integer() const noexcept { return integer_; }
+  /// A `float` without loss, or the `double`.
+  [[nodiscard]] double floating() const noexcept { return double_; }
+  /// The text, without a terminator.
+  [[nodiscard]] std::u16string_view text() const noexcept { return text_; }
 
  private:
   Kind kind_ = Kind::kNone;
@@ -124,20 +129,22 @@ class QXFMT_API GrowableText {
   ~GrowableText();
 
   /// The text, NUL-terminated; never null.
-  WideText c_str() const noexcept { return units_ != nullptr ? units_ : u""; }
+  [[nodiscard]] WideText c_str() const noexcept { return units_ != nullptr ? units_ : u""; }
   /// The text, without its terminator.
   operator std::u16string_view() const noexcept { return {c_str(), size_}; }
 
   /// Units of text, the terminator not counted.
-  std::size_t size() const noexcept { return size_; }
+  [[nodiscard]] std::size_t size() const noexcept { return size_; }
   /// The same as `size`.
-  std::size_t length() const noexcept { return size_; }
+  [[nodiscard]] std::size_t length() const noexcept { return size_; }
   /// Whether there are no units of text.
-  bool empty() const noexcept { return size_ == 0; }
+  [[nodiscard]] bool empty() const noexcept { return size_ == 0; }
   /// Units of text that there is room for without growth.
-  std::size_t capacity() const noexcept { return capacity_; }
+  [[nodiscard]] std::size_t capacity() const noexcept { return capacity_; }
   /// The most units of text that can be asked for; memory ends long before.
-  static constexpr std::size_t max_size() noexcept { return PTRDIFF_MAX / sizeof(char16_t) - 1; }
+  [[nodiscard]] static constexpr std::size_t max_size() noexcept {
+    return PTRDIFF_MAX / sizeof(char16_t) - 1;
+  }
 
   /// Replaces the text. @throws StatusException kInvalidArgument if `text` is null, kNoMemory
   GrowableText& assign(WideText text);

@@ -76,14 +76,14 @@ constexpr bool IsNegative(Integer value) noexcept {
 /// The count as the overloads of `std::uint64_t` take it. One that is known to be negative does not
 /// compile.
 template <typename Integer>
-[[gnu::always_inline]] inline std::uint64_t ExpectCount(Integer value) {
+[[gnu::always_inline]] inline std::uint64_t ExpectCount(Integer value) noexcept {
   if (__builtin_constant_p(value) && value < 0) RefuseNegativeCount();
   return static_cast<std::uint64_t>(value);
 }
 #else
 /// The count as the overloads of `std::uint64_t` take it.
 template <typename Integer>
-std::uint64_t ExpectCount(Integer value) {
+std::uint64_t ExpectCount(Integer value) noexcept {
   return static_cast<std::uint64_t>(value);
 }
 #endif

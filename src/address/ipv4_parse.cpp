@@ -108,7 +108,7 @@ std::uint32_t ReadLaxIpv4(const char16_t* text, std::int32_t* valid) {
 
 }  // namespace qxfmt
 
-std::uint32_t QXFMT_GetIpAddress(WideText text, std::int32_t* valid) {
+std::uint32_t QXFMT_GetIpAddress(WideText text, std::int32_t* valid) noexcept {
   if (valid != nullptr) *valid = 0;
   if (text == nullptr) return 0;
   std::uint32_t address = 0;
@@ -117,7 +117,7 @@ std::uint32_t QXFMT_GetIpAddress(WideText text, std::int32_t* valid) {
   return address;
 }
 
-std::int32_t QXFMT_IsValidIpAddress(WideText text) {
+std::int32_t QXFMT_IsValidIpAddress(WideText text) noexcept {
   std::uint32_t address = 0;
   return text != nullptr && qxfmt::ReadStrictIpv4(text, address) ? 1 : 0;
 }

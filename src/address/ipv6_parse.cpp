@@ -201,10 +201,12 @@ bool ReadIpv6(const char16_t* const text, std::uint8_t* address) {
 
 }  // namespace qxfmt
 
-std::int32_t QXFMT_GetIPv6Address(WideText text, std::uint8_t* address) {
+std::int32_t QXFMT_GetIPv6Address(WideText text, std::uint8_t* address) noexcept {
   if (text == nullptr) return 0;
   while (*text == u' ') ++text;
   return qxfmt::ReadIpv6(text, address) ? 1 : 0;
 }
 
-std::int32_t QXFMT_IsValidIPv6Address(WideText text) { return QXFMT_GetIPv6Address(text, nullptr); }
+std::int32_t QXFMT_IsValidIPv6Address(WideText text) noexcept {
+  return QXFMT_GetIPv6Address(text, nullptr);
+}

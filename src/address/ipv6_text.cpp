@@ -131,14 +131,15 @@ constexpr std::uint32_t kAddressBlock = 100;
 
 }  // namespace qxfmt
 
-ResultText CQXDataFormat::FormatIPv6Address(const std::uint8_t* address, QXFMT_IPV6_TYPE type) {
+ResultText CQXDataFormat::FormatIPv6Address(const std::uint8_t* address,
+                                            QXFMT_IPV6_TYPE type) noexcept {
   if (address == nullptr) return qxfmt::kNullAddress;
   return qxfmt::PrintResult<qxfmt::kAddressBlock, qxfmt::Ending::kPrinted>(
       blocks_, qxfmt::Ipv6Address(address, type));
 }
 
 ResultText CQXDataFormat::FormatIpv6Port(const std::uint8_t* address, std::uint16_t port,
-                                         QXFMT_IPV6_TYPE type) {
+                                         QXFMT_IPV6_TYPE type) noexcept {
   return qxfmt::FillResult<128>(blocks_, [&](auto block) {
     const qxfmt::Decimal number(port);
     const auto print = [&](const auto& text) { return block.Print(u'[', text, u"]:", number); };

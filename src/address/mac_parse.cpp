@@ -81,7 +81,7 @@ std::uint64_t ReadAnyForm(const char16_t* text, char16_t separator) {
 
 }  // namespace
 
-std::uint8_t QXFMT_GetHexValue(WideText text) {
+std::uint8_t QXFMT_GetHexValue(WideText text) noexcept {
   if (text == nullptr || text[0] == u'\0') return 0;
   const std::uint32_t first = qxfmt::HexDigit(text[0]);
   const std::uint32_t high = first > 0xF ? 0 : first;
@@ -89,7 +89,7 @@ std::uint8_t QXFMT_GetHexValue(WideText text) {
   return static_cast<std::uint8_t>(low > 0xF ? high : high << 4 | low);
 }
 
-std::uint64_t QXFMT_GetMacAddress(WideText text, char16_t separator) {
+std::uint64_t QXFMT_GetMacAddress(WideText text, char16_t separator) noexcept {
   if (text == nullptr) return kNoAddress;
   // A separator that is a digit is left out of the pairs.
   const bool is_digit = qxfmt::HexDigit(separator) <= 0xF;
@@ -98,17 +98,18 @@ std::uint64_t QXFMT_GetMacAddress(WideText text, char16_t separator) {
   return ReadAnyForm(text, separator);
 }
 
-std::uint64_t QXFMT_GetMacAddress(const std::uint8_t* octets, std::int32_t count) {
+std::uint64_t QXFMT_GetMacAddress(const std::uint8_t* octets, std::int32_t count) noexcept {
   return count == kOctets ? qxfmt::ReadOctets<kOctets>(octets)
                           : qxfmt::ReadOctets<kMaxOctets>(octets);
 }
 
-std::int32_t QXFMT_IsValidMacAddress(WideText text) {
+std::int32_t QXFMT_IsValidMacAddress(WideText text) noexcept {
   return QXFMT_GetMacAddress(text, u':') != kNoAddress ? 1 : 0;
 }
 
-std::int32_t QXFMT_IsValidMacAddress(std::uint64_t /*address*/) { return 1; }
+std::int32_t QXFMT_IsValidMacAddress(std::uint64_t /*address*/) noexcept { return 1; }
 
-std::int32_t QXFMT_IsValidMacAddress(const std::uint8_t* /*octets*/, std::int32_t /*count*/) {
+std::int32_t QXFMT_IsValidMacAddress(const std::uint8_t* /*octets*/,
+                                     std::int32_t /*count*/) noexcept {
   return 1;
 }

@@ -55,15 +55,17 @@ using qxfmt::PrintResult;
 
 }  // namespace
 
-ResultText CQXDataFormat::FormatMacAddress(std::uint64_t address) {
+ResultText CQXDataFormat::FormatMacAddress(std::uint64_t address) noexcept {
   return PrintResult<50, Ending::kPrinted>(blocks_, MacAddress(address));
 }
 
-ResultText CQXDataFormat::FormatMacAddress(const std::uint8_t* octets, std::int32_t count) {
+ResultText CQXDataFormat::FormatMacAddress(const std::uint8_t* octets,
+                                           std::int32_t count) noexcept {
   if (count < 1 || count > kMaxOctets) return PrintResult<64>(blocks_, u"???");
   return PrintResult<64>(blocks_, HexOctets(octets, count));
 }
 
-ResultText CQXDataFormat::FormatIPXAddress(const std::uint8_t* /*octets*/, std::int32_t /*count*/) {
+ResultText CQXDataFormat::FormatIPXAddress(const std::uint8_t* /*octets*/,
+                                           std::int32_t /*count*/) noexcept {
   return u"NOIMPLEMENT";
 }

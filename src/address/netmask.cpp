@@ -15,22 +15,22 @@ std::uint32_t ReverseOctets(std::uint32_t value) {
 
 }  // namespace
 
-std::uint32_t QXFMT_BitsToMask(std::uint8_t bits) {
+std::uint32_t QXFMT_BitsToMask(std::uint8_t bits) noexcept {
   if (bits == 0 || bits > kMaxBits) return 0;
   return ReverseOctets(~std::uint32_t{0} << (kMaxBits - bits));
 }
 
-std::uint8_t QXFMT_MaskToBits(std::uint32_t mask) {
+std::uint8_t QXFMT_MaskToBits(std::uint32_t mask) noexcept {
   return static_cast<std::uint8_t>(std::countl_one(ReverseOctets(mask)));
 }
 
-std::int32_t QXFMT_IsValidIpMask(std::uint32_t mask) {
+std::int32_t QXFMT_IsValidIpMask(std::uint32_t mask) noexcept {
   // Ones whose next higher bit is a zero of the same octet.
   const std::uint32_t after_zero = mask & ~(mask >> 1) & 0x7F7F7F7F;
   return mask != 0 && after_zero == 0 ? 1 : 0;
 }
 
-std::int32_t QXFMT_IsValidIpMask(WideText text) {
+std::int32_t QXFMT_IsValidIpMask(WideText text) noexcept {
   std::uint32_t mask = 0;
   if (text == nullptr || !qxfmt::ReadStrictIpv4(text, mask)) return 0;
   return QXFMT_IsValidIpMask(mask);

@@ -24,16 +24,16 @@ bool ReadPort(WideText text, std::uint16_t& port) {
 
 }  // namespace
 
-std::uint16_t QXFMT_GetPortVal(WideText text, std::int32_t* valid) {
+std::uint16_t QXFMT_GetPortVal(WideText text, std::int32_t* valid) noexcept {
   if (valid != nullptr) *valid = 0;
   std::uint16_t port = 0;
   if (ReadPort(text, port) && valid != nullptr) *valid = 1;
   return port;
 }
 
-std::int32_t QXFMT_IsValidPort(WideText text) {
+std::int32_t QXFMT_IsValidPort(WideText text) noexcept {
   std::uint16_t port = 0;
   return ReadPort(text, port) ? 1 : 0;
 }
 
-std::int32_t QXFMT_IsValidPort(std::uint16_t /*port*/) { return 1; }
+std::int32_t QXFMT_IsValidPort(std::uint16_t /*port*/) noexcept { return 1; }

@@ -48,14 +48,14 @@ using qxfmt::PrintResult;
 
 }  // namespace
 
-ResultText CQXDataFormat::FormatBinary(std::uint8_t value) {
+ResultText CQXDataFormat::FormatBinary(std::uint8_t value) noexcept {
   return PrintResult<64, Ending::kPrinted>(blocks_, BitPattern(value));
 }
 
-ResultText CQXDataFormat::FormatBinary(std::uint16_t value) {
+ResultText CQXDataFormat::FormatBinary(std::uint16_t value) noexcept {
   return PrintResult<64, Ending::kPrinted>(blocks_, BitPattern(value));
 }
 
-ResultText CQXDataFormat::FormatBinary(std::uint32_t value) {
+ResultText CQXDataFormat::FormatBinary(std::uint32_t value) noexcept {
   return PrintResult<128, Ending::kPrinted>(blocks_, BitPattern(value));
 }

@@ -18,38 +18,38 @@ std::int32_t PlacesSetting() { return settings.number_decimal_places.Get(); }
 
 }  // namespace
 
-ResultText CQXDataFormat::FormatBytePerSecond(std::uint64_t value) {
+ResultText CQXDataFormat::FormatBytePerSecond(std::uint64_t value) noexcept {
   return FormatQuantity(blocks_, kByteRates, value, QXFMT_BYTES_AUTO, PlacesSetting());
 }
 
 ResultText CQXDataFormat::FormatBytePerSecond(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
-                                              std::int32_t places) {
+                                              std::int32_t places) noexcept {
   return FormatQuantity(blocks_, kByteRates, value, unit, places);
 }
 
-ResultText CQXDataFormat::FormatBytePerSecond(double value) {
+ResultText CQXDataFormat::FormatBytePerSecond(double value) noexcept {
   return FormatQuantity(blocks_, kByteRates, value, QXFMT_BYTES_AUTO, PlacesSetting());
 }
 
 ResultText CQXDataFormat::FormatBytePerSecond(double value, QXFMT_BYTES_FORMAT unit,
-                                              std::int32_t places) {
+                                              std::int32_t places) noexcept {
   return FormatQuantity(blocks_, kByteRates, value, unit, places);
 }
 
-ResultText CQXDataFormat::FormatBitPerSecond(std::uint64_t value) {
+ResultText CQXDataFormat::FormatBitPerSecond(std::uint64_t value) noexcept {
   return FormatQuantity(blocks_, kBitRates, value, QXFMT_BYTES_AUTO, PlacesSetting());
 }
 
 ResultText CQXDataFormat::FormatBitPerSecond(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
-                                             std::int32_t places) {
+                                             std::int32_t places) noexcept {
   return FormatQuantity(blocks_, kBitRates, value, unit, places);
 }
 
-ResultText CQXDataFormat::FormatBitPerSecond(double value) {
+ResultText CQXDataFormat::FormatBitPerSecond(double value) noexcept {
   return FormatQuantity(blocks_, kBitRates, value, QXFMT_BYTES_AUTO, PlacesSetting());
 }
 
 ResultText CQXDataFormat::FormatBitPerSecond(double value, QXFMT_BYTES_FORMAT unit,
-                                             std::int32_t places) {
+                                             std::int32_t places) noexcept {
   return FormatQuantity(blocks_, kBitRates, value, unit, places);
 }

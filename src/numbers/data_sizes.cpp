@@ -15,20 +15,20 @@ constexpr qxfmt::Quantity kBits{qxfmt::kBitScale,
 
 }  // namespace
 
-ResultText CQXDataFormat::FormatByte(std::uint64_t value, std::int32_t places) {
+ResultText CQXDataFormat::FormatByte(std::uint64_t value, std::int32_t places) noexcept {
   return FormatQuantity(blocks_, kBytes, value, QXFMT_BYTES_AUTO, places);
 }
 
 ResultText CQXDataFormat::FormatByte(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
-                                     std::int32_t places) {
+                                     std::int32_t places) noexcept {
   return FormatQuantity(blocks_, kBytes, value, unit, places);
 }
 
-ResultText CQXDataFormat::FormatBit(std::uint64_t value, std::int32_t places) {
+ResultText CQXDataFormat::FormatBit(std::uint64_t value, std::int32_t places) noexcept {
   return FormatQuantity(blocks_, kBits, value, QXFMT_BYTES_AUTO, places);
 }
 
 ResultText CQXDataFormat::FormatBit(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
-                                    std::int32_t places) {
+                                    std::int32_t places) noexcept {
   return FormatQuantity(blocks_, kBits, value, unit, places);
 }

@@ -37,27 +37,28 @@ ResultText FormatTwoPlaces(CQXBlockBuffer& arena, double value) {
 
 using qxfmt::Grouping;
 
-ResultText CQXDataFormat::FormatNumberEx(double value, std::int32_t places, std::int32_t grouped) {
+ResultText CQXDataFormat::FormatNumberEx(double value, std::int32_t places,
+                                         std::int32_t grouped) noexcept {
   return grouped != 0 ? qxfmt::FormatPlaces<Grouping::kCommas>(blocks_, value, places)
                       : qxfmt::FormatPlaces<Grouping::kNone>(blocks_, value, places);
 }
 
-ResultText CQXDataFormat::FormatNumber(double value, std::int32_t grouped) {
+ResultText CQXDataFormat::FormatNumber(double value, std::int32_t grouped) noexcept {
   return FormatNumberEx(value, qxfmt::settings.number_decimal_places.Get(), grouped);
 }
 
 ResultText CQXDataFormat::FormatNumberEx(std::uint64_t value, std::int32_t places,
-                                         std::int32_t grouped) {
+                                         std::int32_t grouped) noexcept {
   constexpr std::int32_t kMaxLeastDigits = 6;
   const std::int32_t digits = std::clamp(places, 0, kMaxLeastDigits);
   const qxfmt::PaddedDecimal number(value, digits, qxfmt::GroupingOf(grouped));
   return qxfmt::PrintResult<256>(blocks_, number);
 }
 
-ResultText CQXDataFormat::FormatDecimal(float value) {
+ResultText CQXDataFormat::FormatDecimal(float value) noexcept {
   return qxfmt::FormatTwoPlaces<128>(blocks_, double{value});
 }
 
-ResultText CQXDataFormat::FormatDecimal(double value) {
+ResultText CQXDataFormat::FormatDecimal(double value) noexcept {
   return qxfmt::FormatTwoPlaces<256>(blocks_, value);
 }

@@ -17,13 +17,13 @@ qxfmt::Grouping GroupingSetting() {
 
 }  // namespace
 
-ResultText CQXDataFormat::FormatPercentage(std::int32_t value) {
+ResultText CQXDataFormat::FormatPercentage(std::int32_t value) noexcept {
   // Wraps modulo 2^32, which only unsigned arithmetic may.
   const auto product = static_cast<std::int32_t>(static_cast<std::uint32_t>(value) * 100U);
   return qxfmt::PrintResult<128>(blocks_, qxfmt::Decimal(product, GroupingSetting()), u'%');
 }
 
-ResultText CQXDataFormat::FormatPercentage(float value) {
+ResultText CQXDataFormat::FormatPercentage(float value) noexcept {
   const float product = value * 100.0F;  // single precision shows in the digits
   return qxfmt::FillResult<qxfmt::kDecimalBlock>(blocks_, [&](auto block) {
     // The longest product leaves room for the sign.

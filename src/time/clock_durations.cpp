@@ -130,7 +130,7 @@ ResultText CQXDataFormat::FormatDurationAllSecond(std::int64_t nanoseconds,
   return qxfmt::kEmptyText;
 }
 
-ResultText CQXDataFormat::FormatHiResTimeRange(std::int64_t milliseconds) {
+ResultText CQXDataFormat::FormatHiResTimeRange(std::int64_t milliseconds) noexcept {
   // The limit of timestamps by its number, here of milliseconds. Unsigned, so that whatever is
   // negative lies above it.
   const auto range = static_cast<std::uint64_t>(milliseconds);

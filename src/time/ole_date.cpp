@@ -45,7 +45,7 @@ bool FromOleDate(double date, CalendarFields& fields) {
 
 }  // namespace qxfmt
 
-ResultText CQXDataFormat::FormatOleDateTime(double date, QXFMT_DATE_FORMAT layout) {
+ResultText CQXDataFormat::FormatOleDateTime(double date, QXFMT_DATE_FORMAT layout) noexcept {
   return qxfmt::FillResult<128>(blocks_, [&](auto block) {
     const QXFMT_DATE_FORMAT resolved = qxfmt::ResolveLayout(layout);
     qxfmt::CalendarFields fields;

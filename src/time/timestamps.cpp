@@ -100,7 +100,7 @@ ResultText FormatUndated(CQXBlockBuffer& arena, std::int64_t count) {
 using qxfmt::FormatDated;
 using qxfmt::FormatUndated;
 
-ResultText CQXDataFormat::FormatDate(std::int64_t seconds, QXFMT_DATE_FORMAT layout) {
+ResultText CQXDataFormat::FormatDate(std::int64_t seconds, QXFMT_DATE_FORMAT layout) noexcept {
   return qxfmt::FormatInstant<0>(
       blocks_, seconds,
       [layout](auto block, const auto& /*instant*/, const qxfmt::CalendarFields& fields) {
@@ -108,42 +108,43 @@ ResultText CQXDataFormat::FormatDate(std::int64_t seconds, QXFMT_DATE_FORMAT lay
       });
 }
 
-ResultText CQXDataFormat::FormatTime(std::int64_t seconds) {
+ResultText CQXDataFormat::FormatTime(std::int64_t seconds) noexcept {
   return FormatUndated<0, 64>(blocks_, seconds);
 }
 
-ResultText CQXDataFormat::FormatDateTime(std::int64_t seconds, QXFMT_DATE_FORMAT layout) {
+ResultText CQXDataFormat::FormatDateTime(std::int64_t seconds, QXFMT_DATE_FORMAT layout) noexcept {
   return FormatDated<0>(blocks_, seconds, layout);
 }
 
 ResultText CQXDataFormat::FormatMSecondDataTime(std::int64_t milliseconds,
-                                                QXFMT_DATE_FORMAT layout) {
+                                                QXFMT_DATE_FORMAT layout) noexcept {
   return FormatDated<3>(blocks_, milliseconds, layout);
 }
 
-ResultText CQXDataFormat::FormatHiResDateTime(std::int64_t microseconds, QXFMT_DATE_FORMAT layout) {
+ResultText CQXDataFormat::FormatHiResDateTime(std::int64_t microseconds,
+                                              QXFMT_DATE_FORMAT layout) noexcept {
   return FormatDated<6>(blocks_, microseconds, layout);
 }
 
 ResultText CQXDataFormat::FormatMaxHiResDateTime(std::int64_t nanoseconds,
-                                                 QXFMT_DATE_FORMAT layout) {
+                                                 QXFMT_DATE_FORMAT layout) noexcept {
   return FormatDated<9>(blocks_, nanoseconds, layout);
 }
 
-ResultText CQXDataFormat::FormatMSecondTime(std::int64_t milliseconds) {
+ResultText CQXDataFormat::FormatMSecondTime(std::int64_t milliseconds) noexcept {
   return FormatUndated<3>(blocks_, milliseconds);
 }
 
-ResultText CQXDataFormat::FormatHiResTime(std::int64_t microseconds) {
+ResultText CQXDataFormat::FormatHiResTime(std::int64_t microseconds) noexcept {
   return FormatUndated<6>(blocks_, microseconds);
 }
 
-ResultText CQXDataFormat::FormatMaxHiResTime(std::int64_t nanoseconds) {
+ResultText CQXDataFormat::FormatMaxHiResTime(std::int64_t nanoseconds) noexcept {
   return FormatUndated<9>(blocks_, nanoseconds);
 }
 
 ResultText CQXDataFormat::FormatAllDateTime(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy,
-                                            QXFMT_DATE_FORMAT layout) {
+                                            QXFMT_DATE_FORMAT layout) noexcept {
   switch (accuracy) {
     case QXFMT_TIME_SECOND:
       return FormatDateTime(nanoseconds / 1'000'000'000, layout);
@@ -157,7 +158,8 @@ ResultText CQXDataFormat::FormatAllDateTime(std::int64_t nanoseconds, QXFMT_TIME
   return qxfmt::kEmptyText;
 }
 
-ResultText CQXDataFormat::FormatAllTime(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy) {
+ResultText CQXDataFormat::FormatAllTime(std::int64_t nanoseconds,
+                                        QXFMT_TIME_ACCURACY accuracy) noexcept {
   switch (accuracy) {
     case QXFMT_TIME_SECOND:
       return FormatTime(nanoseconds / 1'000'000'000);

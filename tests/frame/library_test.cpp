@@ -1,5 +1,16 @@
 // The installed form of the library, with its real arena: memory and zone.
 
+#if defined(__SANITIZE_ADDRESS__)
+#define QXFMT_TESTS_ADDRESS_SANITIZER
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define QXFMT_TESTS_ADDRESS_SANITIZER
+#endif
+#endif
+#if defined(QXFMT_TESTS_ADDRESS_SANITIZER)
+#include <sanitizer/asan_interface.h>
+#endif
+
 #include "support/counted_heap.h"
 #include "support/platform.h"
 #include "support/test.h"
@@ -10,12 +21,13 @@ TEST(Library, TakesMemoryInGrowingChunks) {
   heap.allocations = 0;
   CQXDataFormat format;
   int results = 0;
-  for (; heap.allocations < std::ssize(chunks); ++results) format.FormatMacAddress(0);
+  for (; heap.allocations < std::ssize(chunks); ++results)
+    static_cast<void>(format.FormatMacAddress(0));
   EXPECT_TRUE(std::equal(chunks.begin(), chunks.end(), heap.sizes));
   const int kInAllButTheLast = 1397760 / 50;  // a few less, for what is left at their ends
   EXPECT_NEAR(results, kInAllButTheLast, 7);
   format.Reset();
-  for (; results > 0; --results) format.FormatMacAddress(0);
+  for (; results > 0; --results) static_cast<void>(format.FormatMacAddress(0));
   EXPECT_EQ(heap.allocations, std::ssize(chunks));
 }
 
@@ -33,6 +45,20 @@ TEST(Library, ResultsStayIntactUntilReset) {
     for (const auto& [result, text] : kept) ASSERT_EQ(Utf8(result), text);
   }
 }
+
+#if defined(QXFMT_TESTS_ADDRESS_SANITIZER)
+// In this chunk and in one that is taken later.
+TEST(Library, AddressSanitizerSeesTextsUsedAfterReset) {
+  CQXDataFormat format;
+  std::vector<ResultText> texts;
+  for (int i = 0; i < 100; ++i) texts.push_back(format.FormatMacAddress(0));
+  for (const ResultText text : texts) EXPECT_EQ(Utf8(text), "00:00:00:00:00:00");
+  format.Reset();
+  for (const ResultText text : texts) EXPECT_NE(__asan_address_is_poisoned(text), 0);
+  EXPECT_DEATH(static_cast<void>(Utf8(texts[0])), "use-after-poison");
+  EXPECT_EQ(Utf8(format.FormatNumber(1, 0)), "1");
+}
+#endif
 
 TEST(Library, ResetForgetsTheZone) {
   CQXDataFormat format;

@@ -30,17 +30,18 @@ struct CQXBlockBuffer::Chunk {
   std::vector<std::vector<char>> blocks;
 };
 
-CQXBlockBuffer::CQXBlockBuffer(std::uint32_t /*largest_chunk*/) : first_(new Chunk) {}
+CQXBlockBuffer::CQXBlockBuffer(std::uint32_t /*largest_chunk*/) noexcept : first_(new Chunk) {}
 CQXBlockBuffer::~CQXBlockBuffer() { delete first_; }
-void CQXBlockBuffer::SetBlockSize(std::uint32_t /*first_chunk*/, std::uint32_t /*growth*/) {}
-void CQXBlockBuffer::Reset() {
+void CQXBlockBuffer::SetBlockSize(std::uint32_t /*first_chunk*/,
+                                  std::uint32_t /*growth*/) noexcept {}
+void CQXBlockBuffer::Reset() noexcept {
   ForgetZone();
   first_->blocks.clear();
 }
-void CQXBlockBuffer::ReleaseAll() { Reset(); }
+void CQXBlockBuffer::ReleaseAll() noexcept { Reset(); }
 
 // The inline part never finds room, so that each request comes here.
-void* CQXBlockBuffer::GetBufferFromNextChunk(std::uint32_t size) try {
+void* CQXBlockBuffer::GetBufferFromNextChunk(std::uint32_t size) noexcept try {
   if (script != nullptr && !script->Grants(size)) return nullptr;
   return first_->blocks.emplace_back(size, '\xCD').data();
 } catch (const std::bad_alloc&) {

@@ -86,8 +86,8 @@ TEST(Durations, WordsNeedStringMemory) {
   ArenaScript arena;
   CQXDataFormat format;
   std::pmr::set_default_resource(std::pmr::null_memory_resource());
-  EXPECT_EQ(StatusOf([&] { format.FormatDurationSecond(0, kChinese); }), 0x8007000E);
-  EXPECT_EQ(StatusOf([&] { format.FormatDurationMSecond(-1, kEnglish); }), 0x8007000E);
+  EXPECT_EQ(StatusOf([&] { return format.FormatDurationSecond(0, kChinese); }), 0x8007000E);
+  EXPECT_EQ(StatusOf([&] { return format.FormatDurationMSecond(-1, kEnglish); }), 0x8007000E);
   EXPECT_EQ(Utf8(format.FormatDurationMSecond(1, kClock)), "00:00:00.001");
   EXPECT_EQ(Utf8(format.FormatDurationMSecond(1, kPlain)), "0.001");
   std::pmr::set_default_resource(nullptr);  // the usual one

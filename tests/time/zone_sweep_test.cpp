@@ -91,7 +91,7 @@ TEST(ZoneMemory, ConversionsOfAHundredResults) {
     UseZone(c.zone);
     format.Reset();
     zone_conversions = 0;
-    for (int i = 0; i < 100; ++i) format.FormatTime(c.time + i * c.step);
+    for (int i = 0; i < 100; ++i) static_cast<void>(format.FormatTime(c.time + i * c.step));
     EXPECT_EQ(zone_conversions, c.conversions) << c.zone;
     EXPECT_EQ(Utf8(format.FormatDateTime(c.time, QXFMT_DATE_YMD)), Strftime(c.time)) << c.zone;
   }
