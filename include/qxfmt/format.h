@@ -28,7 +28,7 @@
 /// Prints the bytes as a string.
 template <>
 struct std::formatter<qxfmt::Utf8> : std::formatter<std::string_view> {
-  /// `std::format("{:>9}", qxfmt::Utf8(u"1.50 KB"))` gives "  1.50 KB".
+  /// `std::format("{:>9}", qxfmt::Utf8(u"1.50 KB"))` makes "  1.50 KB".
   template <typename Context>
   auto format(const qxfmt::Utf8& text, Context& context) const {
     return std::formatter<std::string_view>::format(std::string_view(text), context);

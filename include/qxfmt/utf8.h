@@ -356,7 +356,7 @@ class Utf8 {
 /// Appends a text to a string.
 /// @param out may already hold bytes; they stay.
 /// @throws std::bad_alloc; the string may then end in a part of the text.
-/// `qxfmt::AppendUtf8(line, u"\u00B5s")` gives "5 \u00B5s" where the line was "5 ".
+/// `(qxfmt::AppendUtf8(line, u" KB"), line)` gives "5 KB" where the line was "5".
 inline void AppendUtf8(std::string& out, std::u16string_view text) { internal::Append(out, text); }
 
 /// Converts a text into the caller's area. What has no room is cut off after a whole character.
@@ -365,7 +365,7 @@ inline void AppendUtf8(std::string& out, std::u16string_view text) { internal::A
 ///   room is 0. `3 * text.size() + 1` is room for everything, and 382 for every result.
 /// @return bytes of the whole text, the terminator not counted: if that is `room` or more, the text
 ///   was cut off.
-/// `qxfmt::CopyUtf8(u"1.50 KB", area, 5)` gives 7, and the area then holds "1.50".
+/// `qxfmt::CopyUtf8(u"1.50 KB", cell, 5)` gives 7, and the area `cell` then holds "1.50".
 inline std::size_t CopyUtf8(std::u16string_view text, char* area, std::size_t room) noexcept {
   return internal::Copy(text, area, room);
 }

@@ -9,7 +9,7 @@ namespace {
 // again. False if the call makes fewer allocations.
 bool Refuse(int number, const Call& call, std::u16string_view whole, int results) {
   Formatter format;
-  for (int i = 0; i < results; ++i) format.FormatIpAddress(0);
+  for (int i = 0; i < results; ++i) static_cast<void>(format.FormatIpAddress(0));
   const Outcome outcome(call, format, number);
   EXPECT_TRUE(outcome.refused ? outcome.IsToldFor(whole) : outcome.text == whole)
       << Utf8(outcome.text) << " in place of " << Utf8(whole);

@@ -110,7 +110,7 @@ class Formatter : public CQXDataFormat {
     if (units.longest >= 5) told += QXFMT_GetPortVal(text, nullptr);
     if (units.longest >= 15) told += QXFMT_GetIpAddress(text, nullptr);
     if (units.longest >= 17) told += QXFMT_GetMacAddress(text, separator);
-    if (units.longest >= 99) QXFMT_GetIPv6Address(text, octets);
+    if (units.longest >= 99) told += QXFMT_GetIPv6Address(text, octets) != 0 ? 1U : 0U;
     return FormatIpv6Port(octets, static_cast<std::uint16_t>(told % 65521), QXFMT_IPV6_FULL);
   }
 
