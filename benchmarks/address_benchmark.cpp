@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include <qxfmt/net.h>
 #include <boost/asio/ip/address_v4.hpp>
 #include <boost/asio/ip/address_v6.hpp>
 
@@ -48,6 +49,9 @@ void AddIpv4Writers() {
   Compare("FormatIpAddress, as captured", CaptureIpv4(), ours, kFmtIpv4.WithGoal(5), loop, ntop,
           asio);
   Compare("FormatIpAddress, uniform", UniformIpv4(), ours, kFmtIpv4.WithGoal(5), loop, ntop, asio);
+  Compare(
+      "FormatAddress of an in_addr, as captured", CaptureIpv4(),
+      [](F& f, std::uint32_t v) { return FormatAddress(f, ToInAddr(v)); }, ntop);
   Compare(
       "FormatIpAddress, caller's area", CaptureIpv4(),
       [](std::uint32_t v) {

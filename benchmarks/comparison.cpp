@@ -19,6 +19,7 @@ void AddNumberRows();
 void AddPacketListRows();
 void AddSettingRows();
 void AddTimeRows();
+void AddUtf8Rows();
 
 namespace {
 
@@ -50,6 +51,7 @@ const std::vector<Row>& AllRows() {
     AddTimeRows();
     AddAddressRows();
     AddGrowableTextRows();
+    AddUtf8Rows();
     AddSettingRows();
     AddPacketListRows();
     AddArenaRows();

@@ -11,10 +11,13 @@
 /// - settings.h has the display settings of the process.
 /// - formats.h has the enumerations, text.h the types of text.
 /// - `GrowableText` and `StatusException` belong to worded durations.
-/// - utf8.h has `qxfmt::Utf8`, which makes results and any other UTF-16 printable, and the way back.
+/// - chrono.h takes the time points and durations of the standard library.
+/// - utf8.h has `qxfmt::Utf8`, which makes results and any other UTF-16 printable, and the way
+/// back.
 
 #include <qxfmt/address.h>
 #include <qxfmt/block_buffer.h>
+#include <qxfmt/chrono.h>
 #include <qxfmt/data_format.h>
 #include <qxfmt/export.h>
 #include <qxfmt/formats.h>

@@ -30,7 +30,7 @@
 namespace qxfmt {
 
 /// How the conversions work. Not for direct use.
-namespace utf {
+namespace internal {
 
 /// Stands for what is malformed.
 inline constexpr char32_t kReplacement = 0xFFFD;
@@ -204,20 +204,24 @@ bool CopyEights(const From* first, To* to_first, const From* second, To* to_seco
 }
 #endif
 
-/// Copies characters up to the first one outside ASCII, and returns how many.
+/// Copies characters up to the first one outside ASCII, and returns how many. The last block of a
+/// text may copy some of its characters once more, so that no rest is left to copy singly.
 template <typename From, typename To>
 std::size_t CopyAscii(const From* from, std::size_t size, To* to) noexcept {
   std::size_t done = 0;
-  while (size - done >= 16) {
-    if (!CopyEights(from + done, to + done, from + done + 8, to + done + 8)) break;
-    done += 16;
-  }
-  // The last characters, some of them once more; with 16 or more left, one of them is another one.
+  const auto copy_eights = [&](std::size_t first, std::size_t second) {
+    return CopyEights(from + first, to + first, from + second, to + second);
+  };
+  while (size - done > 16 && copy_eights(done, done + 8)) done += 16;
   const std::size_t rest = size - done;
-  if (rest >= 8 && rest < 16) {
-    if (CopyEights(from + done, to + done, from + size - 8, to + size - 8)) return size;
-  } else if (rest >= 4 && rest < 8) {
-    if (CopyFours(from + done, to + done, from + size - 4, to + size - 4)) return size;
+  if (rest > 16) {
+    // One of the next sixteen is another character.
+  } else if (size >= 16) {
+    if (copy_eights(size - 16, size - 8)) return size;
+  } else if (size >= 8) {
+    if (copy_eights(0, size - 8)) return size;
+  } else if (size >= 4) {
+    if (CopyFours(from, to, from + size - 4, to + size - 4)) return size;
   }
   for (; done < size && IsAscii(from[done]); ++done) to[done] = static_cast<To>(from[done]);
   return done;
@@ -279,7 +283,7 @@ std::size_t Copy(std::basic_string_view<From> text, To* area, std::size_t room) 
   return static_cast<std::size_t>(out - area) + ConvertedSize<To>(text);
 }
 
-}  // namespace utf
+}  // namespace internal
 
 /// @name To UTF-8
 /// @param text any UTF-16: a result of a formatter, a literal, a `std::u16string`, a
@@ -302,23 +306,19 @@ class Utf8 {
   /// Converts a text. Allocates only if it has more than 127 units, which no result has.
   /// @throws std::bad_alloc
   /// `qxfmt::Utf8(u"1.50 KB")` gives "1.50 KB".
-  explicit Utf8(std::u16string_view text) {
-    if (text.size() <= kOwnUnits) {
-      size_ = static_cast<std::size_t>(utf::Convert(text, own_) - own_);
-      own_[size_] = '\0';
-    } else {
-      utf::Append(long_, text);
-      bytes_ = long_.c_str();
-      size_ = long_.size();
-    }
+  explicit Utf8(std::u16string_view text)
+      : bytes_(text.size() <= kOwnUnits ? own_ : new char[3 * text.size() + 1]),
+        size_(static_cast<std::size_t>(internal::Convert(text, bytes_) - bytes_)) {
+    bytes_[size_] = '\0';
   }
-
   /// Not available: make another one of the text, or a `std::string`.
   Utf8(const Utf8&) = delete;
   /// Not available: make another one of the text, or a `std::string`.
   Utf8& operator=(const Utf8&) = delete;
   /// Gives memory back, if it took some.
-  ~Utf8() = default;
+  ~Utf8() {
+    if (bytes_ != own_) delete[] bytes_;
+  }
 
   /// The bytes, NUL-terminated; never null.
   [[nodiscard]] const char* c_str() const noexcept { return bytes_; }
@@ -348,9 +348,8 @@ class Utf8 {
  private:
   static constexpr std::size_t kOwnUnits = 127;  // room for every result
 
-  const char* bytes_ = own_;
-  std::size_t size_ = 0;
-  std::string long_;
+  char* bytes_;
+  std::size_t size_;
   char own_[3 * kOwnUnits + 1];
 };
 
@@ -358,7 +357,7 @@ class Utf8 {
 /// @param out may already hold bytes; they stay.
 /// @throws std::bad_alloc; the string may then end in a part of the text.
 /// `qxfmt::AppendUtf8(line, u"\u00B5s")` gives "5 \u00B5s" where the line was "5 ".
-inline void AppendUtf8(std::string& out, std::u16string_view text) { utf::Append(out, text); }
+inline void AppendUtf8(std::string& out, std::u16string_view text) { internal::Append(out, text); }
 
 /// Converts a text into the caller's area. What has no room is cut off after a whole character.
 /// @param area the area; not null unless `room` is 0.
@@ -368,7 +367,7 @@ inline void AppendUtf8(std::string& out, std::u16string_view text) { utf::Append
 ///   was cut off.
 /// `qxfmt::CopyUtf8(u"1.50 KB", area, 5)` gives 7, and the area then holds "1.50".
 inline std::size_t CopyUtf8(std::u16string_view text, char* area, std::size_t room) noexcept {
-  return utf::Copy(text, area, room);
+  return internal::Copy(text, area, room);
 }
 /// @}
 
@@ -381,14 +380,16 @@ inline std::size_t CopyUtf8(std::u16string_view text, char* area, std::size_t ro
 /// @throws std::bad_alloc
 [[nodiscard]] inline std::u16string Utf16(std::string_view bytes) {
   std::u16string text;
-  utf::Append(text, bytes);
+  internal::Append(text, bytes);
   return text;
 }
 
 /// Appends a text to a string.
 /// @param out may already hold units; they stay.
 /// @throws std::bad_alloc; the string may then end in a part of the text.
-inline void AppendUtf16(std::u16string& out, std::string_view bytes) { utf::Append(out, bytes); }
+inline void AppendUtf16(std::u16string& out, std::string_view bytes) {
+  internal::Append(out, bytes);
+}
 
 /// Converts a text into the caller's area. What has no room is cut off after a whole character.
 /// @param area the area; not null unless `room` is 0.
@@ -397,7 +398,7 @@ inline void AppendUtf16(std::u16string& out, std::string_view bytes) { utf::Appe
 /// @return units of the whole text, the terminator not counted: if that is `room` or more, the text
 ///   was cut off.
 inline std::size_t CopyUtf16(std::string_view bytes, char16_t* area, std::size_t room) noexcept {
-  return utf::Copy(bytes, area, room);
+  return internal::Copy(bytes, area, room);
 }
 /// @}
 

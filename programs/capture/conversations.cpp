@@ -94,6 +94,7 @@ class Conversations : public View {
   }
 
   void Add(const Record& record, const Packet& packet) override {
+    if (conversations_.empty()) first_ = record.time;
     const bool is_from_greater = packet.destination < packet.source;
     Sides sides{packet.source, packet.destination, packet.protocol};
     if (is_from_greater) std::swap(sides.lesser, sides.greater);
@@ -102,7 +103,6 @@ class Conversations : public View {
     const bool is_sent = conversation.is_from_greater == is_from_greater;
     (is_sent ? conversation.sent : conversation.received).Add(record.length);
     conversation.span.Add(record.time);
-    if (bytes_ == 0) first_ = record.time;
     bytes_ += record.length;
   }
 
@@ -140,7 +140,8 @@ class Conversations : public View {
       format_.Reset();  // its texts are in the table
     }
     // On a narrow terminal the sides and their bytes stay to the end.
-    output_.PutLines(table.ToString(programs::LineWidth(STDOUT_FILENO), {9, 8, 4, 6, 7, 10, 2}));
+    output_.PutLines(
+        table.ToString(programs::LineWidth(STDOUT_FILENO), {{9}, {8}, {4, 6}, {7}, {10}, {2}}));
   }
 
   void PutCsvRows(const std::vector<const Row*>& rows) {

@@ -2,12 +2,12 @@
 
 #include <unistd.h>
 
+#include <cinttypes>
 #include <csignal>
 #include <cstdio>
 #include <ctime>
 #include <exception>
 #include <memory>
-#include <span>
 
 #include "capture/dissect.h"
 #include "capture/options.h"
@@ -88,6 +88,10 @@ void Run(const Options& options) {
   }
   view->Finish();
   output.Flush();
+  if (const std::uint64_t dropped = source.dropped(); dropped > 0) {
+    std::fprintf(stderr, "qxfmt-capture: %" PRIu64 " packets came too fast and are missing\n",
+                 dropped);
+  }
   if (failure) std::rethrow_exception(failure);
 }
 

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "capture/source.h"
+
 namespace capture {
 
 namespace {
@@ -169,7 +171,7 @@ ResultText EndpointText(CQXDataFormat& format, const Endpoint& endpoint) {
 
 ResultText TimeText(CQXDataFormat& format, const Options& options, std::int64_t time,
                     std::int64_t first) {
-  if (options.time == TimeStyle::kSinceFirst) {
+  if (options.time == TimeStyle::kSinceFirst && time != kOutOfRange) {
     return format.FormatDurationAllSecond(time - first, options.accuracy, QXFMT_DURATION_PLAIN);
   }
   const ResultText text = options.time == TimeStyle::kTimeOfDay

@@ -41,12 +41,11 @@ Link ToLink(int type) {
   }
 }
 
-// With nanoseconds asked for, that is what libpcap puts in the place of microseconds. What
-// nanoseconds in 64 bits do not reach becomes a time that shows as out of range.
+// With nanoseconds asked for, that is what libpcap puts in the place of microseconds.
 std::int64_t Nanoseconds(const timeval& time) {
   constexpr std::int64_t kSecond = 1'000'000'000;
   constexpr std::int64_t kLastSecond = 9'000'000'000;  // in the year 2255
-  if (time.tv_sec < 0 || time.tv_sec > kLastSecond) return -kSecond;
+  if (time.tv_sec < 0 || time.tv_sec > kLastSecond) return kOutOfRange;
   return time.tv_sec * kSecond + time.tv_usec;
 }
 
@@ -134,17 +133,17 @@ Source Source::OpenInterface(const std::string& name) {
 }
 
 void Source::SetFilter(const std::string& expression) {
-  auto program = std::make_unique<Program>();
-  if (::pcap_compile(handle_.get(), &program->code, expression.c_str(), 1, PCAP_NETMASK_UNKNOWN) !=
+  auto filter = std::make_unique<Filter>();
+  if (::pcap_compile(handle_.get(), &filter->code, expression.c_str(), 1, PCAP_NETMASK_UNKNOWN) !=
       0) {
     throw programs::UsageError("the filter '" + expression +
                                "' cannot be used: " + ::pcap_geterr(handle_.get()) +
                                "; man pcap-filter tells how filters are written");
   }
-  if (is_live_ && ::pcap_setfilter(handle_.get(), &program->code) != 0) {
+  if (is_live_ && ::pcap_setfilter(handle_.get(), &filter->code) != 0) {
     throw std::runtime_error("cannot filter " + name_ + ": " + ::pcap_geterr(handle_.get()));
   }
-  filter_ = std::move(program);
+  filter_ = std::move(filter);
 }
 
 Source::Step Source::Next(Record& record) {
@@ -204,7 +203,7 @@ void Source::FailReading() const {
   }
   const std::string detail = ::pcap_geterr(handle_.get());
   if (is_live_)
-    throw std::runtime_error("the capture on " + name_ + " ended" + place + ": " + detail);
+    throw std::runtime_error("capturing on " + name_ + " ended" + place + ": " + detail);
   throw std::runtime_error(name_ + " is damaged" + place + ": " + detail +
                            "; what comes before is shown");
 }

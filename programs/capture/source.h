@@ -13,9 +13,12 @@
 
 namespace capture {
 
+// In place of a time that nanoseconds in 64 bits do not reach: QXFMT shows it as out of range.
+inline constexpr std::int64_t kOutOfRange = -1'000'000'000;
+
 struct Record {
   std::uint64_t number = 0;                // of the packet in its capture, from 1 on
-  std::int64_t time = 0;                   // nanoseconds since 1970-01-01 00:00:00 UTC
+  std::int64_t time = 0;                   // nanoseconds since 1970, or kOutOfRange
   std::span<const std::uint8_t> captured;  // until the next packet is read
   std::uint32_t length = 0;                // before the capture cut it
 };
@@ -51,12 +54,12 @@ class Source {
   struct Close {
     void operator()(pcap_t* handle) const { ::pcap_close(handle); }
   };
-  struct Program {  // a compiled filter
+  struct Filter {
     bpf_program code{};
-    Program() = default;
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
-    ~Program() { ::pcap_freecode(&code); }
+    Filter() = default;
+    Filter(const Filter&) = delete;
+    Filter& operator=(const Filter&) = delete;
+    ~Filter() { ::pcap_freecode(&code); }
   };
 
   Source(pcap_t* handle, std::string name);
@@ -64,7 +67,7 @@ class Source {
   [[noreturn]] void FailReading() const;
 
   std::unique_ptr<pcap_t, Close> handle_;
-  std::unique_ptr<Program> filter_;
+  std::unique_ptr<Filter> filter_;
   std::string name_;
   bool is_live_ = false;
   bool is_stream_ = false;  // a pipe or the like, whose writer may be slower

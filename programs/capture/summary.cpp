@@ -85,7 +85,7 @@ class Summary : public View {
       table.Add(has_rate ? format_.FormatBytePerSecond(rate, options_.unit, 2) : u"-");
       table.Add(has_rate ? format_.FormatBitPerSecond(8 * rate, options_.unit, 2) : u"-");
     }
-    output_.PutLines(table.ToString(programs::LineWidth(STDOUT_FILENO), {5, 7, 6, 2, 4}));
+    output_.PutLines(table.ToString(programs::LineWidth(STDOUT_FILENO), {{5}, {7}, {6}, {2, 4}}));
   }
 
   void PutFact(std::string_view name, ResultText text) {

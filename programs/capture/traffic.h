@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "capture/source.h"
+
 namespace capture {
 
 struct Traffic {
@@ -22,11 +24,12 @@ struct Traffic {
 
 // The time from the first packet to the last. Captures need not be in order.
 struct Span {
-  std::int64_t first = INT64_MAX;  // nanoseconds since 1970-01-01 00:00:00 UTC
-  std::int64_t last = INT64_MIN;
+  std::int64_t first = kOutOfRange;  // nanoseconds since 1970-01-01 00:00:00 UTC
+  std::int64_t last = kOutOfRange;
 
   void Add(std::int64_t time) {
-    if (time < first) first = time;
+    if (time == kOutOfRange) return;
+    if (first == kOutOfRange || time < first) first = time;
     if (time > last) last = time;
   }
 

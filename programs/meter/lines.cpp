@@ -58,11 +58,11 @@ void PrintLines(const Options& options) {
   rates.Advance(interfaces, start);
 
   // From the right to the left, but sizes and packets stay.
-  static const std::vector<std::size_t> kDispensable = {10, 6, 9, 5, 2, 1};
+  static const programs::ColumnGroups kDispensable = {{10}, {6}, {9}, {5}, {2}, {1}};
   Print(Stamp(format, options, Clock::duration::zero()) + "\n");
   Print(TotalsTable(format, options, interfaces).ToString(Width(), kDispensable));
   Print("\n");
-  Print(AddressTable(format, options, interfaces).ToString(Width(), {2}));
+  Print(AddressTable(format, options, interfaces).ToString(Width(), {{2}}));
   if (options.once) return;
 
   RateTable table(true);

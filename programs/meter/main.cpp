@@ -35,7 +35,7 @@ void PrintSockets(const Options& options) {
   // The queues make way for long addresses.
   const programs::Table table = SocketTable(options.root);
   programs::Print(options.csv ? table.ToCsv()
-                              : table.ToString(programs::LineWidth(STDOUT_FILENO), {5, 4}));
+                              : table.ToString(programs::LineWidth(STDOUT_FILENO), {{5}, {4}}));
 }
 
 // Returns the signal that is to end the program, or 0.

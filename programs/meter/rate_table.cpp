@@ -150,10 +150,10 @@ std::string RateTable::ToString(CQXDataFormat& format, const Options& options, c
   }
 
   widths_.resize(columns.size());
-  std::vector<std::size_t> dispensable;
+  programs::ColumnGroups dispensable;
   for (std::size_t i = columns.size(); i-- > 0;) {
     widths_[i] = std::max(widths_[i], LeastWidth(*columns[i], options.decimals));
-    if (i >= kIndispensable) dispensable.push_back(i);
+    if (i >= kIndispensable) dispensable.push_back({i});
   }
   return table.ToString(width, dispensable, widths_);
 }

@@ -43,12 +43,12 @@ std::string_view Table::Cell(std::size_t index) const {
   return std::string_view(text_).substr(start, ends_[index] - start);
 }
 
-std::string Table::ToString(std::size_t width, const std::vector<std::size_t>& dispensable) const {
+std::string Table::ToString(std::size_t width, const ColumnGroups& dispensable) const {
   std::vector<std::size_t> widths;
   return ToString(width, dispensable, widths);
 }
 
-std::string Table::ToString(std::size_t width, const std::vector<std::size_t>& dispensable,
+std::string Table::ToString(std::size_t width, const ColumnGroups& dispensable,
                             std::vector<std::size_t>& widths) const {
   widths.resize(columns_);
   for (std::size_t i = 0; i < ends_.size(); ++i) {
@@ -57,10 +57,12 @@ std::string Table::ToString(std::size_t width, const std::vector<std::size_t>& d
   std::vector<bool> is_shown(columns_, true);
   std::size_t total = kGap * (columns_ - 1);
   for (const std::size_t column : widths) total += column;
-  for (const std::size_t column : dispensable) {
+  for (const auto& group : dispensable) {
     if (total <= width) break;
-    is_shown[column] = false;
-    total -= widths[column] + kGap;
+    for (const std::size_t column : group) {
+      is_shown[column] = false;
+      total -= widths[column] + kGap;
+    }
   }
 
   std::string text;

@@ -12,6 +12,9 @@ namespace programs {
 // Columns that a text takes: one for each character. No cell of ours holds wide or combining ones.
 std::size_t Width(std::string_view cell);
 
+// Groups of columns that go together, by their places.
+using ColumnGroups = std::vector<std::vector<std::size_t>>;
+
 class Table {
  public:
   // The first `left` columns are aligned left, the others right.
@@ -21,14 +24,13 @@ class Table {
   void Add(std::string_view cell);     // UTF-8
   void Add(std::u16string_view cell);  // as QXFMT gives it
 
-  // Where the rows are wider than `width`, columns are left out in the order of `dispensable` until
-  // they fit or there is none left to leave out.
-  std::string ToString(std::size_t width = SIZE_MAX,
-                       const std::vector<std::size_t>& dispensable = {}) const;
+  // Where the rows are wider than `width`, columns are left out until they fit: those of the first
+  // group of `dispensable`, then of the next.
+  std::string ToString(std::size_t width = SIZE_MAX, const ColumnGroups& dispensable = {}) const;
 
   // As above, with columns at least as wide as `widths`, which become what is shown: those of a
   // table that is shown again and again do not jump.
-  std::string ToString(std::size_t width, const std::vector<std::size_t>& dispensable,
+  std::string ToString(std::size_t width, const ColumnGroups& dispensable,
                        std::vector<std::size_t>& widths) const;
 
   // Comma-separated values (RFC 4180), the headings only if they are asked for.

@@ -29,8 +29,8 @@ OUT_OF_RANGE = 9_000_000_000 * 10**9
 def run(command):
     environment = dict(os.environ, TZ="UTC", LC_ALL="C")
     # Both fail on damaged captures, after they have shown what comes before.
-    return subprocess.run(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                          check=False, text=True).stdout
+    return subprocess.run(command, env=environment, stdout=subprocess.PIPE,
+                          stderr=subprocess.DEVNULL, check=False, text=True).stdout
 
 
 def nanoseconds_of_epoch(text):

@@ -82,7 +82,7 @@ MALFORMED = [
     ethernet(0x0800, ipv4(6, tcp(0x02), first=0x65)),
     ethernet(0x0800, ipv4(6, tcp(0x02), total=19)),
     ethernet(0x0800, ipv4(6, tcp(0x02)[:10])),
-    ethernet(0x0800, ipv4(6, tcp(0x02)) [:16]),
+    ethernet(0x0800, ipv4(6, tcp(0x02))[:16]),
     ethernet(0x0800, ipv4(6, tcp(0x02, offset=4))),
     ethernet(0x0800, ipv4(6, tcp(0x02, offset=15))),
     ethernet(0x0800, ipv4(17, udp(length=7))),
@@ -127,12 +127,13 @@ def main():
     write("malformed.pcap", pcap(ETHERNET, MALFORMED))
     # Each length at which a capture can cut these.
     longest = ethernet(0x86DD, ipv6(0, b"\x06\x00" + NOTHING_OPTIONS + tcp(0x02)))
-    write("truncated.pcap", pcap(ETHERNET, [(longest[:size], len(longest))
-                                            for size in (0, 13, 14, 53, 54, 61, 62, 65, 66, 76, 82)]))
+    sizes = (0, 13, 14, 53, 54, 61, 62, 65, 66, 76, 82)
+    write("truncated.pcap", pcap(ETHERNET, [(longest[:size], len(longest)) for size in sizes]))
     write("raw-big-endian.pcap", pcap(RAW, [ipv4(17, udp()), ipv6(6, tcp(0x01)), b"\x50"], ">"))
     write("null.pcap", pcap(NULL, [b"\x02\0\0\0" + ipv4(17, udp()), b"\0\0\0\x1e" + ipv6(6, tcp(1)),
                                    b"\x07\0\0\0" + bytes(20)]))
-    write("loop.pcap", pcap(LOOP, [b"\0\0\0\x02" + ipv4(17, udp()), b"\0\0\0\x18" + ipv6(6, tcp(1))]))
+    write("loop.pcap", pcap(LOOP, [b"\0\0\0\x02" + ipv4(17, udp()),
+                                   b"\0\0\0\x18" + ipv6(6, tcp(1))]))
     write("unknown-link.pcap", pcap(USER, [b"12345"]))
     write("empty.pcap", pcap(ETHERNET, []))
     # Not in order; the second 0; beyond what nanoseconds in 64 bits reach.
