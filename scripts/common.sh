@@ -59,11 +59,12 @@ fuzz_targets() {
 # committed files. usage: run_fuzzer SECONDS TARGET
 run_fuzzer() {
   local name=${2##*/fuzz_} log=$2.log
-  local shared=${name%%_*} options=()
-  [ ! -f "fuzz/$shared.dict" ] || options+=(-dict="fuzz/$shared.dict")
+  local shared=${name%%_*} arguments=("build/corpus/$name")
   mkdir -p "build/corpus/$name"
-  "$2" -max_total_time="$1" -max_len=512 -timeout=10 -artifact_prefix="$2-" "${options[@]}" \
-    "build/corpus/$name" "fuzz/corpus/$shared" >"$log" 2>&1 ||
+  [ ! -d "fuzz/corpus/$shared" ] || arguments+=("fuzz/corpus/$shared")
+  [ ! -f "fuzz/$shared.dict" ] || arguments+=(-dict="fuzz/$shared.dict")
+  "$2" -max_total_time="$1" -max_len=512 -timeout=10 -artifact_prefix="$2-" "${arguments[@]}" \
+    >"$log" 2>&1 ||
     fail "$2 found a fault: $(tail -n 40 "$log")"
   echo "$name: $(tail -n 1 "$log")"
 }

@@ -65,7 +65,8 @@ struct Octets : std::vector<std::uint8_t> {
 // a parser and then without a terminator. A byte above 0x7F becomes a unit that has the low byte of
 // an ASCII character but is none.
 struct Units : std::vector<char16_t> {
-  explicit Units(Arguments& from) : longest(from.TakeByte()) {
+  explicit Units(Arguments& from)
+      : longest(std::array{1U, 5U, 15U, 17U, 99U}[from.TakeByte() % 5]) {
     while (const std::uint8_t byte = from.TakeByte()) {
       push_back(static_cast<char16_t>(byte + (byte & 0x80)));
     }
