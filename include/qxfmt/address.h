@@ -40,6 +40,7 @@
 /// Lax: a group may be empty (0) or have up to four digits, always decimal ("0255" is 255), and
 /// trailing groups may be missing: "1.2" gives the octets 1, 2, 0, 0. Refused: any other
 /// character, a value above 255 in a group, a fourth dot, a fifth digit.
+/// `QXFMT_GetIpAddress(u"10.0.0.1", &valid)` gives 16777226.
 /// @param text the address.
 /// @param valid if not null, set to 0 on entry and to 1 at the end if exactly three dots were read.
 /// @return the octets read; 0 for a refused text. "0.0.0.0" is 0 as well: only the flag tells. On a
@@ -50,9 +51,11 @@
 
 /// Strict: exactly four groups of one to three decimal digits, each at most 255, divided by three
 /// dots, and nothing else. Leading zeros are allowed and change nothing: "010" is ten.
+/// `QXFMT_IsValidIpAddress(u"10.0.0.256")` gives 0.
 [[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidIpAddress(WideText text) noexcept;
 
 /// Reads a port: one to five digits, 65535 at most.
+/// `QXFMT_GetPortVal(u"8080", &valid)` gives 8080.
 /// @param text the port.
 /// @param valid if not null, set to 0 on entry and to 1 on success.
 /// @return the number of the port; `sin_port` and `sin6_port` take `htons` of it. 0 for a refused
@@ -60,6 +63,7 @@
 [[nodiscard]] QXFMT_API std::uint16_t QXFMT_GetPortVal(WideText text, std::int32_t* valid) noexcept;
 
 /// Whether `QXFMT_GetPortVal` reads the text.
+/// `QXFMT_IsValidPort(u"65536")` gives 0.
 [[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidPort(WideText text) noexcept;
 
 /// 1 for every port, 0 and 65535 included.
@@ -78,19 +82,23 @@ template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint16
 /// The mask with that many leading ones, counted from the highest bit of the first octet on: 24
 /// gives 0x00FFFFFF, which is 255.255.255.0. Byte order as with addresses: on a little-endian
 /// machine it masks `in_addr.s_addr` as it is.
+/// `format.FormatIpAddress(QXFMT_BitsToMask(20))` gives "255.255.240.0".
 /// @param bits the prefix length; above 32 the result is 0.
 [[nodiscard]] QXFMT_API std::uint32_t QXFMT_BitsToMask(std::uint8_t bits) noexcept;
 
 /// The count of leading ones, 0 to 32. What follows the first zero is not looked at: 255.0.255.0
 /// gives 8. Byte order as with addresses: not `ntohl` of a mask in network order.
+/// `QXFMT_MaskToBits(0x00F0FFFF)` gives 20.
 [[nodiscard]] QXFMT_API std::uint8_t QXFMT_MaskToBits(std::uint32_t mask) noexcept;
 
 /// Whether the mask is not 0 and each of its octets, taken by itself, is a run of ones followed by
 /// a run of zeros. The ones need not run through from octet to octet: 255.0.255.0 passes. The order
 /// of the octets does not matter to this test.
+/// `QXFMT_IsValidIpMask(0x00F0FFFF)` gives 1.
 [[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidIpMask(std::uint32_t mask) noexcept;
 
 /// The same test on text that `QXFMT_IsValidIpAddress` passes; 0 for any other text.
+/// `QXFMT_IsValidIpMask(u"255.255.241.0")` gives 0.
 [[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidIpMask(WideText text) noexcept;
 /// @}
 
@@ -98,6 +106,7 @@ template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint16
 /// @{
 
 /// Reads one or two hexadecimal digits in either case; what follows them is not looked at.
+/// `QXFMT_GetHexValue(u"fF")` gives 255.
 /// @return the first two units as high and low digit; the first alone if the second is no digit;
 ///   a first unit that is no digit counts as 0. 0 for a null or an empty text.
 [[nodiscard]] QXFMT_API std::uint8_t QXFMT_GetHexValue(WideText text) noexcept;
@@ -105,6 +114,7 @@ template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint16
 /// Reads text that `QXFMT_IsValidMacAddress` passes. The digits are paired in order of appearance;
 /// separators count for nothing, wherever they stand: "0011-2233-4455" and "001:122:334:455" are
 /// 00:11:22:33:44:55.
+/// `QXFMT_GetMacAddress(u"01:00:00:00:00:00", u':')` gives 1.
 /// @param text the address.
 /// @param separator one more unit to pass over while pairing. Only ":" and "-" can stand between
 ///   the digits of a text that the test passes, so that any other separator, "." for one, does not
@@ -116,6 +126,7 @@ template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint16
                                                           char16_t separator) noexcept;
 
 /// The octets as a value, octets[0] in the lowest 8 bits.
+/// `format.FormatMacAddress(QXFMT_GetMacAddress(mac, 6))` gives "00:1A:2B:3C:4D:5E".
 /// @param octets not null; in the order of the text.
 /// @param count six octets are read if it is 6, and eight otherwise, whatever it is.
 [[nodiscard]] QXFMT_API std::uint64_t QXFMT_GetMacAddress(const std::uint8_t* octets,
@@ -123,6 +134,7 @@ template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint16
 
 /// Whether the text has 11 to 17 units, all of them hexadecimal digits, ":" or "-", and exactly
 /// twelve digits. Where the separators stand does not matter.
+/// `QXFMT_IsValidMacAddress(u"001a-2b3c-4d5e")` gives 1.
 [[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidMacAddress(WideText text) noexcept;
 
 /// 1 for every value.
@@ -145,6 +157,7 @@ template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint16
 /// part ("::.1.2.3"), an empty second or third one with a blank in it ("::1. .2.3"), and, in a text
 /// with "::", a final colon followed by a blank. Refused are zone suffixes, prefix lengths,
 /// brackets, and texts of 100 units or more, not counting leading blanks, which may be any number.
+/// `QXFMT_GetIPv6Address(u"2001:db8::1", bytes)` gives 1.
 /// @param text the address.
 /// @param address 16 bytes in network order, the `s6_addr` of an `in6_addr` for one; all written at
 ///   the end of success and untouched otherwise. Null to only test.
@@ -153,5 +166,6 @@ template <typename Integer, typename = qxfmt::IntegerExcept<Integer, std::uint16
                                                           std::uint8_t* address) noexcept;
 
 /// Whether `QXFMT_GetIPv6Address` reads the text.
+/// `QXFMT_IsValidIPv6Address(u"2001::db8::1")` gives 0.
 [[nodiscard]] QXFMT_API std::int32_t QXFMT_IsValidIPv6Address(WideText text) noexcept;
 /// @}

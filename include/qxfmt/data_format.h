@@ -62,16 +62,22 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// At most "18,446,744,073,709,551,615". One block of 256 bytes.
+  /// `format.FormatNumber(std::uint64_t{1234567}, 1)` gives "1,234,567".
   [[nodiscard]] ResultText FormatNumber(std::uint64_t value, std::int32_t grouped) noexcept;
   /// At most "-9,223,372,036,854,775,808". One block of 256 bytes.
+  /// `format.FormatNumber(std::int64_t{-1234567}, 0)` gives "-1234567".
   [[nodiscard]] ResultText FormatNumber(std::int64_t value, std::int32_t grouped) noexcept;
   /// At most "4,294,967,295". One block of 128 bytes.
+  /// `format.FormatNumber(std::uint32_t{65536}, 1)` gives "65,536".
   [[nodiscard]] ResultText FormatNumber(std::uint32_t value, std::int32_t grouped) noexcept;
   /// At most "-2,147,483,648". One block of 128 bytes.
+  /// `format.FormatNumber(-1234, 1)` gives "-1,234".
   [[nodiscard]] ResultText FormatNumber(std::int32_t value, std::int32_t grouped) noexcept;
   /// At most "65,535". One block of 64 bytes.
+  /// `format.FormatNumber(std::uint16_t{8080}, 0)` gives "8080".
   [[nodiscard]] ResultText FormatNumber(std::uint16_t value, std::int32_t grouped) noexcept;
   /// At most "-32,768". One block of 64 bytes.
+  /// `format.FormatNumber(std::int16_t{-1}, 1)` gives "-1".
   [[nodiscard]] ResultText FormatNumber(std::int16_t value, std::int32_t grouped) noexcept;
   /// @}
 
@@ -86,6 +92,7 @@ class QXFMT_API CQXDataFormat {
 
   /// A number with a given count of decimals. At most 119 units ungrouped; grouped at most 127 with
   /// the commas.
+  /// `format.FormatNumberEx(999.999, 2, 1)` gives "1,000.00".
   /// @param value the number.
   /// @param places decimals; capped to 0..32.
   /// @param grouped non-zero puts "," between groups of three digits of the integer part, and after
@@ -94,9 +101,11 @@ class QXFMT_API CQXDataFormat {
                                           std::int32_t grouped) noexcept;
 
   /// `FormatNumberEx` with the places of `QXFMT_SetNumberDecimalPlaces`.
+  /// `format.FormatNumber(1234.5, 1)` gives "1,234.50".
   [[nodiscard]] ResultText FormatNumber(double value, std::int32_t grouped) noexcept;
 
   /// A whole number with a least count of digits: 5 with 3 reads "005". Every value fits.
+  /// `format.FormatNumberEx(std::uint64_t{5}, 3, 0)` gives "005".
   /// @param value the number.
   /// @param places least count of digits, filled with leading zeros; capped to 0..6. With 0 the
   ///   value 0 reads as the empty text.
@@ -106,8 +115,10 @@ class QXFMT_API CQXDataFormat {
 
   /// Two decimals, never grouped, no setting read. Every value fits: at most 43 units. One block
   /// of 128 bytes.
+  /// `format.FormatDecimal(0.5f)` gives "0.50".
   [[nodiscard]] ResultText FormatDecimal(float value) noexcept;
   /// Two decimals, never grouped, no setting read. At most 126 units.
+  /// `format.FormatDecimal(2.675)` gives "2.67".
   [[nodiscard]] ResultText FormatDecimal(double value) noexcept;
   /// @}
 
@@ -136,13 +147,17 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// Bytes in the unit of `QXFMT_SetByteFormat` or by magnitude: "1.50 KB".
+  /// `format.FormatByte(1536, 2)` gives "1.50 KB".
   [[nodiscard]] ResultText FormatByte(std::uint64_t value, std::int32_t places) noexcept;
   /// Bytes in the unit given, grouped: "1,205,632,705.20 KB".
+  /// `format.FormatByte(1234567890123, QXFMT_BYTES_KB, 2)` gives "1,205,632,705.20 KB".
   [[nodiscard]] ResultText FormatByte(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
                                       std::int32_t places) noexcept;
   /// Bits in the unit of `QXFMT_SetBitFormat` or by magnitude: "1.50 Kb".
+  /// `format.FormatBit(1500, 2)` gives "1.50 Kb".
   [[nodiscard]] ResultText FormatBit(std::uint64_t value, std::int32_t places) noexcept;
   /// Bits in the unit given, grouped: "1,234,567,890.12 Kb".
+  /// `format.FormatBit(1500000, QXFMT_BYTES_KB, 0)` gives "1,500 Kb".
   [[nodiscard]] ResultText FormatBit(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
                                      std::int32_t places) noexcept;
   /// @}
@@ -173,23 +188,31 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// Bytes in the unit of `QXFMT_SetBytePerSecondFormat` or by magnitude: "1.50 KBps".
+  /// `format.FormatBytePerSecond(1536)` gives "1.50 KBps".
   [[nodiscard]] ResultText FormatBytePerSecond(std::uint64_t value) noexcept;
   /// Bytes in the unit of `QXFMT_SetBytePerSecondFormat` or by magnitude: "1.50 KBps".
+  /// `format.FormatBytePerSecond(0.25)` gives "0.25 Bps".
   [[nodiscard]] ResultText FormatBytePerSecond(double value) noexcept;
   /// Bytes in the unit given, grouped: "1,205 KBps" with 0 places.
+  /// `format.FormatBytePerSecond(std::uint64_t{1234567}, QXFMT_BYTES_KB, 0)` gives "1,205 KBps".
   [[nodiscard]] ResultText FormatBytePerSecond(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
                                                std::int32_t places) noexcept;
   /// Bytes in the unit given, grouped: "1,205.632 KBps" with 3 places.
+  /// `format.FormatBytePerSecond(1234567.0, QXFMT_BYTES_KB, 3)` gives "1,205.632 KBps".
   [[nodiscard]] ResultText FormatBytePerSecond(double value, QXFMT_BYTES_FORMAT unit,
                                                std::int32_t places) noexcept;
   /// Bits in the unit of `QXFMT_SetBitPerSecondFormat` or by magnitude: "2.50 Mbps".
+  /// `format.FormatBitPerSecond(2500000)` gives "2.50 Mbps".
   [[nodiscard]] ResultText FormatBitPerSecond(std::uint64_t value) noexcept;
   /// Bits in the unit of `QXFMT_SetBitPerSecondFormat` or by magnitude: "2.50 Mbps".
+  /// `format.FormatBitPerSecond(-2500.0)` gives "-2500.00 bps".
   [[nodiscard]] ResultText FormatBitPerSecond(double value) noexcept;
   /// Bits in the unit given, grouped: "1,235 Kbps" with 0 places.
+  /// `format.FormatBitPerSecond(std::uint64_t{1234567}, QXFMT_BYTES_KB, 0)` gives "1,235 Kbps".
   [[nodiscard]] ResultText FormatBitPerSecond(std::uint64_t value, QXFMT_BYTES_FORMAT unit,
                                               std::int32_t places) noexcept;
   /// Bits in the unit given, grouped: "1,234.568 Kbps" with 3 places.
+  /// `format.FormatBitPerSecond(1234567.8, QXFMT_BYTES_KB, 3)` gives "1,234.568 Kbps".
   [[nodiscard]] ResultText FormatBitPerSecond(double value, QXFMT_BYTES_FORMAT unit,
                                               std::int32_t places) noexcept;
   /// @}
@@ -203,10 +226,12 @@ class QXFMT_API CQXDataFormat {
 
   /// Without decimals. The product with 100 is taken modulo 2^32, as a signed number: 21474837
   /// reads "-2,147,483,596%". One block of 128 bytes.
+  /// `format.FormatPercentage(12)` gives "1,200%".
   [[nodiscard]] ResultText FormatPercentage(std::int32_t value) noexcept;
   /// With the decimals of `QXFMT_SetNumberDecimalPlaces`: "12.30%". The product with 100 is taken
   /// in single precision. One that is too large for it, and an infinity, read "inf%" or "-inf%"; a
   /// NaN reads "nan%" or "-nan%". One block of 256 bytes.
+  /// `format.FormatPercentage(0.123f)` gives "12.30%".
   [[nodiscard]] ResultText FormatPercentage(float value) noexcept;
   /// @}
 
@@ -215,10 +240,13 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// 8 bits: "1010 0101". One block of 64 bytes.
+  /// `format.FormatBinary(std::uint8_t{0xA5})` gives "1010 0101".
   [[nodiscard]] ResultText FormatBinary(std::uint8_t value) noexcept;
   /// 16 bits: "0001 0010 0011 0100". One block of 64 bytes.
+  /// `format.FormatBinary(std::uint16_t{0x1234})` gives "0001 0010 0011 0100".
   [[nodiscard]] ResultText FormatBinary(std::uint16_t value) noexcept;
   /// 32 bits, 39 units of text. One block of 128 bytes.
+  /// `format.FormatBinary(std::uint32_t{7})` gives "0000 0000 0000 0000 0000 0000 0000 0111".
   [[nodiscard]] ResultText FormatBinary(std::uint32_t value) noexcept;
   /// @}
 
@@ -233,15 +261,18 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// "127.0.0.1", on a little-endian machine from `in_addr.s_addr` as it is. One block of 40 bytes.
+  /// `format.FormatIpAddress(0x0100007F)` gives "127.0.0.1".
   [[nodiscard]] ResultText FormatIpAddress(std::uint32_t address) noexcept;
   /// "127.0.0.1" in the caller's area. Takes no block and returns the area. At most the first 16
   /// units are touched.
+  /// `format.FormatIpAddress(0x0100007F, area, 64)` gives "127.0.0.1".
   /// @param address the first octet in the lowest 8 bits, as in the overload without an area.
   /// @param buffer the area; not null unless the length is refused.
   /// @param length units of the area. Below 16, which the longest address with its terminator
   ///   takes, the area is left untouched and the result is "[BUF_LEN_ERR]".
   ResultText FormatIpAddress(std::uint32_t address, char16_t* buffer, std::int32_t length) noexcept;
   /// "127.0.0.1:8080", the port as `ntohs(sin_port)` gives it. One block of 128 bytes.
+  /// `format.FormatIpPort(0x0100007F, 8080)` gives "127.0.0.1:8080".
   [[nodiscard]] ResultText FormatIpPort(std::uint32_t address, std::uint16_t port) noexcept;
   /// @}
 
@@ -251,12 +282,15 @@ class QXFMT_API CQXDataFormat {
 
   /// "00:1A:2B:3C:4D:5E", the octet in the lowest 8 bits first; bits 48 to 63 are ignored. One
   /// block of 50 bytes.
+  /// `format.FormatMacAddress(0x5E4D3C2B1A00)` gives "00:1A:2B:3C:4D:5E".
   [[nodiscard]] ResultText FormatMacAddress(std::uint64_t address) noexcept;
   /// As many octets as `count` says, 1 to 8, in array order; no others are read. For any other
   /// count the text is "???" and nothing is read. One block of 64 bytes.
+  /// `format.FormatMacAddress(mac, 6)` gives "00:1A:2B:3C:4D:5E".
   [[nodiscard]] ResultText FormatMacAddress(const std::uint8_t* octets,
                                             std::int32_t count) noexcept;
   /// Not implemented: always the static text "NOIMPLEMENT". Reads nothing and takes no block.
+  /// `format.FormatIPXAddress(mac, 6)` gives "NOIMPLEMENT".
   [[nodiscard]] ResultText FormatIPXAddress(const std::uint8_t* octets,
                                             std::int32_t count) noexcept;
   /// @}
@@ -272,11 +306,13 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// "2001:db8::1", at most 45 units. One block of 100 bytes; none for a null address.
+  /// `format.FormatIPv6Address(ipv6, QXFMT_IPV6_COMPRESSED)` gives "2001:db8::102:304".
   [[nodiscard]] ResultText FormatIPv6Address(const std::uint8_t* address,
                                              QXFMT_IPV6_TYPE type) noexcept;
   /// "[2001:db8::1]:443", the port as `ntohs(sin6_port)` gives it. A failure text of the address
   /// stands in the brackets: "[[INPUT_ERR_NULL]]:80". Two blocks, of 128 and of 100 bytes; only the
   /// first holds the result.
+  /// `format.FormatIpv6Port(ipv6, 443, QXFMT_IPV6_EMBEDDED_V4)` gives "[2001:db8::1.2.3.4]:443".
   [[nodiscard]] ResultText FormatIpv6Port(const std::uint8_t* address, std::uint16_t port,
                                           QXFMT_IPV6_TYPE type) noexcept;
   /// @}
@@ -295,10 +331,13 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// "2023/11/15". One block of 128 bytes.
+  /// `format.FormatDate(1700000000, QXFMT_DATE_MONTH_NAME)` gives "Nov. 15, 2023".
   [[nodiscard]] ResultText FormatDate(std::int64_t seconds, QXFMT_DATE_FORMAT layout) noexcept;
   /// "06:13:20". One block of 64 bytes.
+  /// `format.FormatTime(1700000000)` gives "06:13:20".
   [[nodiscard]] ResultText FormatTime(std::int64_t seconds) noexcept;
   /// "2023/11/15 06:13:20". Two blocks of 128 bytes; only the first holds the result.
+  /// `format.FormatDateTime(1700000000, QXFMT_DATE_YMD)` gives "2023/11/15 06:13:20".
   [[nodiscard]] ResultText FormatDateTime(std::int64_t seconds, QXFMT_DATE_FORMAT layout) noexcept;
   /// @}
 
@@ -314,19 +353,27 @@ class QXFMT_API CQXDataFormat {
   /// @{
 
   /// "2023/11/15 06:13:20.123" from milliseconds.
+  /// `format.FormatMSecondDataTime(1700000000123, QXFMT_DATE_YMD)` gives "2023/11/15 06:13:20.123".
   [[nodiscard]] ResultText FormatMSecondDataTime(std::int64_t milliseconds,
                                                  QXFMT_DATE_FORMAT layout) noexcept;
   /// "2023/11/15 06:13:20.000123" from microseconds.
+  /// `format.FormatHiResDateTime(1700000000000123, QXFMT_DATE_YMD)` gives
+  /// "2023/11/15 06:13:20.000123".
   [[nodiscard]] ResultText FormatHiResDateTime(std::int64_t microseconds,
                                                QXFMT_DATE_FORMAT layout) noexcept;
   /// "2023/11/15 06:13:20.000000123" from nanoseconds, which reach to the year 2262.
+  /// `format.FormatMaxHiResDateTime(1700000000000000123, QXFMT_DATE_YMD)` gives
+  /// "2023/11/15 06:13:20.000000123".
   [[nodiscard]] ResultText FormatMaxHiResDateTime(std::int64_t nanoseconds,
                                                   QXFMT_DATE_FORMAT layout) noexcept;
   /// "06:13:20.123" from milliseconds.
+  /// `format.FormatMSecondTime(1700000000123)` gives "06:13:20.123".
   [[nodiscard]] ResultText FormatMSecondTime(std::int64_t milliseconds) noexcept;
   /// "06:13:20.000123" from microseconds.
+  /// `format.FormatHiResTime(1700000000000123)` gives "06:13:20.000123".
   [[nodiscard]] ResultText FormatHiResTime(std::int64_t microseconds) noexcept;
   /// "06:13:20.000000123" from nanoseconds.
+  /// `format.FormatMaxHiResTime(1700000000000000123)` gives "06:13:20.000000123".
   [[nodiscard]] ResultText FormatMaxHiResTime(std::int64_t nanoseconds) noexcept;
   /// @}
 
@@ -341,10 +388,13 @@ class QXFMT_API CQXDataFormat {
 
   /// As `FormatDateTime` (seconds), `FormatMSecondDataTime`, `FormatHiResDateTime` or
   /// `FormatMaxHiResDateTime`.
+  /// `format.FormatAllDateTime(1700000000123456789, QXFMT_TIME_MSECOND, QXFMT_DATE_YMD)` gives
+  /// "2023/11/15 06:13:20.123".
   [[nodiscard]] ResultText FormatAllDateTime(std::int64_t nanoseconds, QXFMT_TIME_ACCURACY accuracy,
                                              QXFMT_DATE_FORMAT layout) noexcept;
   /// As `FormatTime` (seconds), `FormatMSecondTime`, `FormatHiResTime` or `FormatMaxHiResTime`: the
   /// time of day alone.
+  /// `format.FormatAllTime(1700000000123456789, QXFMT_TIME_USECOND)` gives "06:13:20.123456".
   [[nodiscard]] ResultText FormatAllTime(std::int64_t nanoseconds,
                                          QXFMT_TIME_ACCURACY accuracy) noexcept;
   /// @}
@@ -354,6 +404,7 @@ class QXFMT_API CQXDataFormat {
 
   /// An OLE automation date, as date and time of day: "2023/11/15 06:00:00". It already is calendar
   /// time: no zone takes part, and 0 is a date like any other. One block of 128 bytes.
+  /// `format.FormatOleDateTime(-1.25, QXFMT_DATE_YMD)` gives "1899/12/29 06:00:00".
   /// @param date whole part: days from 1899-12-30. Fraction: the time of day by its absolute value,
   ///   for negative dates too (-1.25 is 1899-12-29 06:00:00), rounded to the nearest second, a half
   ///   up, where the last second of a day may carry into the next day. Years 100 to 9999. The
@@ -381,21 +432,27 @@ class QXFMT_API CQXDataFormat {
 
   /// From seconds, without a sign and a fraction: "01:01:01", "1h1m1s", "3661". The last layout has
   /// two digits at least: "05".
+  /// `format.FormatDurationSecond(3661, QXFMT_DURATION_CLOCK)` gives "01:01:01".
   [[nodiscard]] ResultText FormatDurationSecond(std::uint32_t seconds,
                                                 QXFMT_DURATION_FORMAT format);
   /// From milliseconds: "01:01:01.500", "1h1m1s500ms", "3661.500".
+  /// `format.FormatDurationMSecond(3661500, QXFMT_DURATION_WORDS_EN)` gives "1h1m1s500ms".
   [[nodiscard]] ResultText FormatDurationMSecond(std::int64_t milliseconds,
                                                  QXFMT_DURATION_FORMAT format);
   /// From microseconds: "01:01:01.500000", "1h1m1s500ms", "3661.500000".
+  /// `format.FormatDurationUSecond(-1500000, QXFMT_DURATION_PLAIN)` gives "-1.500000".
   [[nodiscard]] ResultText FormatDurationUSecond(std::int64_t microseconds,
                                                  QXFMT_DURATION_FORMAT format);
   /// From nanoseconds: "01:01:01.500000000", "1h1m1s500ms", "3661.500000000".
+  /// `format.FormatDurationNSecond(1500000000, QXFMT_DURATION_CLOCK)` gives "00:00:01.500000000".
   [[nodiscard]] ResultText FormatDurationNSecond(std::int64_t nanoseconds,
                                                  QXFMT_DURATION_FORMAT format);
 
   /// Cuts nanoseconds off to the accuracy (toward zero) and goes on as the operation for that unit.
   /// Whole seconds go on as their low 32 bits, so that a negative span needs a finer accuracy. An
   /// accuracy outside its list gives the empty text and takes no block.
+  /// `format.FormatDurationAllSecond(1500000000, QXFMT_TIME_MSECOND, QXFMT_DURATION_CLOCK)` gives
+  /// "00:00:01.500".
   [[nodiscard]] ResultText FormatDurationAllSecond(std::int64_t nanoseconds,
                                                    QXFMT_TIME_ACCURACY accuracy,
                                                    QXFMT_DURATION_FORMAT format);
@@ -407,6 +464,7 @@ class QXFMT_API CQXDataFormat {
   /// A span of milliseconds, always in clock layout: "01:01:01.001". A negative value and one above
   /// 32503651200 (the number of `QXFMT_TIME_LIMIT`, here milliseconds: some 376 days) read as
   /// "[TIME_OUT_RANGE]" and take no block. Otherwise one block of 128 bytes.
+  /// `format.FormatHiResTimeRange(3661001)` gives "01:01:01.001".
   [[nodiscard]] ResultText FormatHiResTimeRange(std::int64_t milliseconds) noexcept;
   /// @}
 
@@ -545,6 +603,8 @@ class QXFMT_API CQXDataFormat {
   /// Replaces the content of `result` with the words of a duration. Only units with a value above 0
   /// show, days to the unit of the accuracy; what is finer is cut off. Where nothing shows, it is 0
   /// of that unit: "0ms".
+  /// `(words.FormatDuration(QXFMT_TIME_MSECOND, QXFMT_DURATION_WORDS_EN, 1500000000, text), text)`
+  /// gives "1s500ms".
   /// @param accuracy the finest unit. A value outside its list shows all units, and of a 0 none:
   ///   the empty text.
   /// @param format `QXFMT_DURATION_WORDS_CN` for Chinese unit words, any other value for Latin.
@@ -555,9 +615,11 @@ class QXFMT_API CQXDataFormat {
                       std::int64_t nanoseconds, GrowableText& result);
 
   /// Appends value and unit if the value is above 0. `unit` may be `result` itself.
+  /// `(words.FormatPositiveDataAndUnit(0, GrowableText().assign(u"ms"), text), text)` gives "".
   void FormatPositiveDataAndUnit(std::int32_t value, const GrowableText& unit,
                                  GrowableText& result);
   /// Appends value and unit, whatever the value. `unit` may be `result` itself.
+  /// `(words.FormatDataAndUnit(5, GrowableText().assign(u"ms"), text), text)` gives "5ms".
   void FormatDataAndUnit(std::int32_t value, const GrowableText& unit, GrowableText& result);
   /// @}
 

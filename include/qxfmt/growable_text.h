@@ -35,6 +35,7 @@ class QXFMT_API StatusException : public std::exception {
   [[nodiscard]] std::uint32_t status() const noexcept { return status_; }
 
   /// The same in a few English words; a static text.
+  /// `std::string_view(StatusException(StatusException::kNoMemory).what()).empty()` gives 0.
   [[nodiscard]] const char* what() const noexcept override;
 
  private:
@@ -147,17 +148,20 @@ class QXFMT_API GrowableText {
   }
 
   /// Replaces the text. @throws StatusException kInvalidArgument if `text` is null, kNoMemory
+  /// `text.assign(u"10 KB")` gives "10 KB".
   GrowableText& assign(WideText text);
   /// Replaces the text. @throws StatusException kNoMemory
   GrowableText& assign(std::u16string_view text);
 
   /// Appends text. @throws StatusException kInvalidArgument if `text` is null, kNoMemory
+  /// `text.append(u"a").append(u"b")` gives "ab".
   GrowableText& append(WideText text);
   /// Appends text. @throws StatusException kNoMemory
   GrowableText& append(std::u16string_view text);
 
   /// Appends formatted text. The decimal point is that of the C locale that the calling thread is
   /// in; no other thread may call `setlocale` meanwhile.
+  /// `text.append_format(u"%02X %.1f%% %s", 10U, 12.34, u"used")` gives "0A 12.3% used".
   /// @param format text with one conversion for each argument, and "%%" for a percent sign.
   ///   - "%d", "%u", "%x", "%X": an integer of 32 bits ("%ld" as well), 16 ("%hd") or 64 ("%I64d"),
   ///     with a zero-filled width of 999 at most if one is given ("%02X"). The argument's type must
@@ -178,13 +182,16 @@ class QXFMT_API GrowableText {
   }
 
   /// Empties the text and keeps its memory.
+  /// `(text.append(u"a").clear(), text.size())` gives 0.
   void clear() noexcept;
 
   /// Makes room for `capacity` units. @throws StatusException kInvalidArgument if that is above
   /// `max_size()`, as a negative number is after its conversion; kNoMemory
+  /// `(text.reserve(100), text.capacity() >= 100)` gives 1.
   void reserve(std::size_t capacity);
 
   /// Cuts the text off, or lengthens it with `fill`, within its capacity: it does not grow.
+  /// `(text.resize(3, u'-'), text)` gives "---".
   /// @throws StatusException kInvalidArgument if `length` is above `capacity()`, as a negative
   ///   number is after its conversion
   void resize(std::size_t length, char16_t fill = u'\0');

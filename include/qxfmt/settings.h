@@ -24,51 +24,70 @@ extern "C" {
 #endif
 
 /// Unit of `FormatByte` where its argument names none. At start `QXFMT_BYTES_AUTO`.
+/// `(QXFMT_SetByteFormat(QXFMT_BYTES_KB), format.FormatByte(1048576, 0))` gives "1024 KB".
 QXFMT_API void QXFMT_SetByteFormat(QXFMT_BYTES_FORMAT format) QXFMT_NOEXCEPT;
 /// What `QXFMT_SetByteFormat` stored last, or the value at start.
+/// `QXFMT_GetByteFormat()` gives 0.
 QXFMT_NODISCARD QXFMT_API QXFMT_BYTES_FORMAT QXFMT_GetByteFormat(void) QXFMT_NOEXCEPT;
 
 /// Unit of `FormatBit` where its argument names none. At start `QXFMT_BYTES_AUTO`.
+/// `(QXFMT_SetBitFormat(QXFMT_BYTES_B), format.FormatBit(1500, 0))` gives "1500 b".
 QXFMT_API void QXFMT_SetBitFormat(QXFMT_BYTES_FORMAT format) QXFMT_NOEXCEPT;
 /// What `QXFMT_SetBitFormat` stored last, or the value at start.
+/// `QXFMT_GetBitFormat()` gives 0.
 QXFMT_NODISCARD QXFMT_API QXFMT_BYTES_FORMAT QXFMT_GetBitFormat(void) QXFMT_NOEXCEPT;
 
 /// Unit of `FormatBytePerSecond` where its argument names none. At start `QXFMT_BYTES_AUTO`.
+/// `(QXFMT_SetBytePerSecondFormat(QXFMT_BYTES_MB), format.FormatBytePerSecond(524288.0))` gives
+/// "0.50 MBps".
 QXFMT_API void QXFMT_SetBytePerSecondFormat(QXFMT_BYTES_FORMAT format) QXFMT_NOEXCEPT;
 /// What `QXFMT_SetBytePerSecondFormat` stored last, or the value at start.
+/// `QXFMT_GetBytePerSecondFormat()` gives 0.
 QXFMT_NODISCARD QXFMT_API QXFMT_BYTES_FORMAT QXFMT_GetBytePerSecondFormat(void) QXFMT_NOEXCEPT;
 
 /// Unit of `FormatBitPerSecond` where its argument names none. At start `QXFMT_BYTES_AUTO`.
+/// `(QXFMT_SetBitPerSecondFormat(QXFMT_BYTES_KB), format.FormatBitPerSecond(2500000.0))` gives
+/// "2500.00 Kbps".
 QXFMT_API void QXFMT_SetBitPerSecondFormat(QXFMT_BYTES_FORMAT format) QXFMT_NOEXCEPT;
 /// What `QXFMT_SetBitPerSecondFormat` stored last, or the value at start.
+/// `QXFMT_GetBitPerSecondFormat()` gives 0.
 QXFMT_NODISCARD QXFMT_API QXFMT_BYTES_FORMAT QXFMT_GetBitPerSecondFormat(void) QXFMT_NOEXCEPT;
 
 /// Decimals of `FormatNumber` of a double, of the rates that take only a value, and of
 /// `FormatPercentage` of a float. At start 2. Capped to 0..32 where it is read.
+/// `(QXFMT_SetNumberDecimalPlaces(1), format.FormatPercentage(0.123f))` gives "12.3%".
 QXFMT_API void QXFMT_SetNumberDecimalPlaces(int32_t places) QXFMT_NOEXCEPT;
 /// What `QXFMT_SetNumberDecimalPlaces` stored last, or the value at start.
+/// `QXFMT_GetNumberDecimalPlaces()` gives 2.
 QXFMT_NODISCARD QXFMT_API int32_t QXFMT_GetNumberDecimalPlaces(void) QXFMT_NOEXCEPT;
 
 /// Despite its name a grouping switch of `FormatPercentage`: 0 is off, any other value on.
 /// At start 2.
+/// `(QXFMT_SetPercentageDecimalPlaces(0), format.FormatPercentage(12))` gives "1200%".
 QXFMT_API void QXFMT_SetPercentageDecimalPlaces(int32_t places) QXFMT_NOEXCEPT;
 /// What `QXFMT_SetPercentageDecimalPlaces` stored last, or the value at start.
+/// `QXFMT_GetPercentageDecimalPlaces()` gives 2.
 QXFMT_NODISCARD QXFMT_API int32_t QXFMT_GetPercentageDecimalPlaces(void) QXFMT_NOEXCEPT;
 
 /// Date layout where an operation is given `QXFMT_DATE_DEFAULT`. At start `QXFMT_DATE_DEFAULT`,
 /// which acts as `QXFMT_DATE_YMD`.
+/// `(QXFMT_SetDateTimeFormat(QXFMT_DATE_DMY), format.FormatDate(1700000000, QXFMT_DATE_DEFAULT))`
+/// gives "15/11/2023".
 QXFMT_API void QXFMT_SetDateTimeFormat(QXFMT_DATE_FORMAT format) QXFMT_NOEXCEPT;
 /// What `QXFMT_SetDateTimeFormat` stored last, or the value at start.
+/// `QXFMT_GetDateTimeFormat()` gives 0.
 QXFMT_NODISCARD QXFMT_API QXFMT_DATE_FORMAT QXFMT_GetDateTimeFormat(void) QXFMT_NOEXCEPT;
 
 /// Stored for the application's own use: no operation of the library reads it.
 /// At start `QXFMT_TIME_USECOND`.
+/// `(QXFMT_SetTimeAccuracy(QXFMT_TIME_SECOND), QXFMT_GetTimeAccuracy())` gives 0.
 QXFMT_API void QXFMT_SetTimeAccuracy(QXFMT_TIME_ACCURACY accuracy) QXFMT_NOEXCEPT;
 /// What `QXFMT_SetTimeAccuracy` stored last, or the value at start.
 QXFMT_NODISCARD QXFMT_API QXFMT_TIME_ACCURACY QXFMT_GetTimeAccuracy(void) QXFMT_NOEXCEPT;
 
 /// Stored for the application's own use: no operation of the library reads it.
 /// At start `QXFMT_DURATION_CLOCK`.
+/// `(QXFMT_SetDurationFormat(QXFMT_DURATION_PLAIN), QXFMT_GetDurationFormat())` gives 3.
 QXFMT_API void QXFMT_SetDurationFormat(QXFMT_DURATION_FORMAT format) QXFMT_NOEXCEPT;
 /// What `QXFMT_SetDurationFormat` stored last, or the value at start.
 QXFMT_NODISCARD QXFMT_API QXFMT_DURATION_FORMAT QXFMT_GetDurationFormat(void) QXFMT_NOEXCEPT;
