@@ -7,7 +7,7 @@
 
 namespace qxfmt {
 
-char16_t DecodeDecimalPoint(const char* multibyte) {
+char16_t DecodeDecimalPoint(const char* multibyte) noexcept {
   char16_t unit = u'.';
   std::mbstate_t state{};
   const std::size_t length = std::strlen(multibyte);

@@ -5,7 +5,7 @@
 
 namespace qxfmt {
 
-LongDecimal::LongDecimal(double value, std::int32_t places, Grouping grouping) {
+LongDecimal::LongDecimal(double value, std::int32_t places, Grouping grouping) noexcept {
   const std::to_chars_result end =
       std::to_chars(text_, text_ + sizeof(text_), value, std::chars_format::fixed, places);
   size_ = static_cast<std::int32_t>(end.ptr - text_);
@@ -15,7 +15,7 @@ LongDecimal::LongDecimal(double value, std::int32_t places, Grouping grouping) {
   commas_ = is_finite && grouping == Grouping::kCommas ? (whole_digits - 1) / 3 : 0;
 }
 
-char16_t* LongDecimal::Write(char16_t* out) const {
+char16_t* LongDecimal::Write(char16_t* out) const noexcept {
   const std::int32_t head = size_ - decimals_ - 3 * commas_;  // before the first comma
   const char* from = text_;
   const auto widen = [&](std::int32_t count) {
