@@ -15,7 +15,7 @@ namespace {
 
 // One for each grouping, which is a constant then.
 template <Grouping kGrouping>
-ResultText FormatPlaces(CQXBlockBuffer& arena, double value, std::int32_t places) {
+ResultText FormatPlaces(CQXBlockBuffer& arena, double value, std::int32_t places) noexcept {
   return FillResult<kDecimalBlock>(arena, [=](auto block) {
     return WithDecimal(value, places, kGrouping, [=](const auto& decimal) {
       return block.PrintWithin(DecimalLimit(kGrouping), decimal);
@@ -24,7 +24,7 @@ ResultText FormatPlaces(CQXBlockBuffer& arena, double value, std::int32_t places
 }
 
 template <std::uint32_t kBytes>
-ResultText FormatTwoPlaces(CQXBlockBuffer& arena, double value) {
+ResultText FormatTwoPlaces(CQXBlockBuffer& arena, double value) noexcept {
   return FillResult<kBytes>(arena, [value](auto block) {
     return WithDecimal(value, 2, Grouping::kNone,
                        [block](const auto& decimal) { return block.Print(decimal); });

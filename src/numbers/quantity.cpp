@@ -80,7 +80,7 @@ class SuffixField {
 
 template <typename Value>
 ResultText Format(CQXBlockBuffer& arena, const Quantity& quantity, Value value,
-                  QXFMT_BYTES_FORMAT unit_argument, std::int32_t places) {
+                  QXFMT_BYTES_FORMAT unit_argument, std::int32_t places) noexcept {
   return FillResult<128>(arena, [&](auto block) {
     const Choice choice = ChooseUnit(quantity, unit_argument, ToSigned(value));
     const SuffixField suffix(quantity.suffixes[choice.step]);
@@ -99,12 +99,12 @@ ResultText Format(CQXBlockBuffer& arena, const Quantity& quantity, Value value,
 }  // namespace
 
 ResultText FormatQuantity(CQXBlockBuffer& arena, const Quantity& quantity, std::uint64_t value,
-                          QXFMT_BYTES_FORMAT unit, std::int32_t places) {
+                          QXFMT_BYTES_FORMAT unit, std::int32_t places) noexcept {
   return Format(arena, quantity, value, unit, places);
 }
 
 ResultText FormatQuantity(CQXBlockBuffer& arena, const Quantity& quantity, double value,
-                          QXFMT_BYTES_FORMAT unit, std::int32_t places) {
+                          QXFMT_BYTES_FORMAT unit, std::int32_t places) noexcept {
   return Format(arena, quantity, value, unit, places);
 }
 

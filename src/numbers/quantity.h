@@ -55,8 +55,8 @@ struct Quantity {
 
 // unit: the caller's argument, QXFMT_BYTES_AUTO where there is none.
 ResultText FormatQuantity(CQXBlockBuffer& arena, const Quantity& quantity, std::uint64_t value,
-                          QXFMT_BYTES_FORMAT unit, std::int32_t places);
+                          QXFMT_BYTES_FORMAT unit, std::int32_t places) noexcept;
 ResultText FormatQuantity(CQXBlockBuffer& arena, const Quantity& quantity, double value,
-                          QXFMT_BYTES_FORMAT unit, std::int32_t places);
+                          QXFMT_BYTES_FORMAT unit, std::int32_t places) noexcept;
 
 }  // namespace qxfmt

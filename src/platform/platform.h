@@ -26,7 +26,7 @@ using Widest = std::uint64_t;
 #endif
 
 // The decimal point of the C locale that the calling thread is in, in that locale's encoding.
-inline const char* DecimalPointText() {
+inline const char* DecimalPointText() noexcept {
 #if defined(_WIN32)
   // The C runtime keeps this structure per thread.
   return std::localeconv()->decimal_point;
@@ -45,7 +45,7 @@ static_assert(sizeof(std::time_t) == 8, "timestamps reach the year 3000: build w
 //
 // POSIX frees localtime_r from acting as if tzset had been called, but none of the C libraries in
 // use (glibc, musl, the BSDs' and Apple's) leaves the zone unread at a first conversion.
-inline bool ConvertToLocal(std::int64_t seconds, std::tm& broken_down) {
+inline bool ConvertToLocal(std::int64_t seconds, std::tm& broken_down) noexcept {
 #if defined(_WIN32)
   const __time64_t time = seconds;
   return ::_localtime64_s(&broken_down, &time) == 0;
@@ -56,7 +56,8 @@ inline bool ConvertToLocal(std::int64_t seconds, std::tm& broken_down) {
 }
 
 // The seconds that the zone is ahead of UTC, where the C library states them with the fields.
-inline std::optional<std::int64_t> StatedOffset([[maybe_unused]] const std::tm& broken_down) {
+inline std::optional<std::int64_t> StatedOffset(
+    [[maybe_unused]] const std::tm& broken_down) noexcept {
 #if defined(_WIN32)
   return {};
 #else

@@ -60,7 +60,7 @@ namespace detail {
 // For a limit that the longest texts could reach, or their slack.
 template <Field... Fields>
 [[gnu::noinline, gnu::cold]] std::int32_t PrintExactly(char16_t* target, std::int32_t limit,
-                                                       const Fields&... fields) {
+                                                       const Fields&... fields) noexcept {
   if (limit <= 0) return -1;
   if ((SizeOf(fields) + ... + 0) >= static_cast<std::size_t>(limit)) {
     *target = u'\0';

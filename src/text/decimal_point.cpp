@@ -6,7 +6,7 @@
 
 namespace qxfmt {
 
-char16_t DecodeDecimalPoint(const char* multibyte) {
+char16_t DecodeDecimalPoint(const char* multibyte) noexcept {
   // Not mbrtoc16, which reads UTF-8 on some platforms, whatever the locale.
   wchar_t character = L'.';
   std::mbstate_t state{};

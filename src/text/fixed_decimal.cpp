@@ -9,14 +9,14 @@ namespace qxfmt {
 namespace {
 
 // By hand, since the standard libraries' words for a NaN differ.
-std::string_view WordOf(double not_finite) {
+std::string_view WordOf(double not_finite) noexcept {
   const std::string_view word = std::isnan(not_finite) ? "-nan" : "-inf";
   return std::signbit(not_finite) ? word : word.substr(1);
 }
 
 }  // namespace
 
-LongDecimal::LongDecimal(double value, std::int32_t places, Grouping grouping) {
+LongDecimal::LongDecimal(double value, std::int32_t places, Grouping grouping) noexcept {
   const bool is_finite = std::isfinite(value);
   const char* const end =
       is_finite
@@ -28,7 +28,7 @@ LongDecimal::LongDecimal(double value, std::int32_t places, Grouping grouping) {
   commas_ = is_finite && grouping == Grouping::kCommas ? (whole_digits - 1) / 3 : 0;
 }
 
-char16_t* LongDecimal::Write(char16_t* out) const {
+char16_t* LongDecimal::Write(char16_t* out) const noexcept {
   const std::int32_t head = size_ - decimals_ - 3 * commas_;  // before the first comma
   const char* from = text_;
   const auto widen = [&](std::int32_t count) {

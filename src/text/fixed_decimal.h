@@ -131,12 +131,12 @@ class LongDecimal {
   static constexpr std::int32_t kSlack = 0;
 
   // places: 0 to kMaxPlaces.
-  LongDecimal(double value, std::int32_t places, Grouping grouping);
+  LongDecimal(double value, std::int32_t places, Grouping grouping) noexcept;
 
-  std::size_t size() const {
+  std::size_t size() const noexcept {
     return static_cast<std::size_t>(size_) + static_cast<std::size_t>(commas_);
   }
-  char16_t* Write(char16_t* out) const;
+  char16_t* Write(char16_t* out) const noexcept;
 
  private:
   char text_[kMaxUnits];  // without commas

@@ -39,7 +39,7 @@ char16_t* WriteYearLast(char16_t* out, std::uint32_t first, std::uint32_t second
 }  // namespace
 
 char16_t* WriteOtherDate(char16_t* out, std::uint32_t year, std::uint32_t month, std::uint32_t day,
-                         QXFMT_DATE_FORMAT layout) {
+                         QXFMT_DATE_FORMAT layout) noexcept {
   switch (layout) {
     case QXFMT_DATE_YDM:
       return WriteYearFirst(out, year, day, month);

@@ -36,7 +36,7 @@ inline char16_t* WriteYearFirst(char16_t* out, std::uint32_t year, std::uint32_t
 // The layouts but QXFMT_DATE_YMD and what acts as it. Takes values, so that the fields of the usual
 // layout stay in registers.
 char16_t* WriteOtherDate(char16_t* out, std::uint32_t year, std::uint32_t month, std::uint32_t day,
-                         QXFMT_DATE_FORMAT layout);
+                         QXFMT_DATE_FORMAT layout) noexcept;
 
 // A date in a resolved layout.
 class Date {

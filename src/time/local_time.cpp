@@ -29,7 +29,7 @@ std::optional<std::int64_t> OffsetAt(std::int64_t seconds) {
 // The offset counts as one value if it is the same at both ends and in the middle. To be missed, a
 // zone has to change and to change back between two of these instants, within 36 hours: no zone of
 // the TZ database has done so since 1970, nor will by its rules.
-void detail::RememberMissedSpan(CQXBlockBuffer::ZoneSpan& span) {
+void detail::RememberMissedSpan(CQXBlockBuffer::ZoneSpan& span) noexcept {
   const std::int64_t first = (span.missed - 1) * kSpanSeconds;
   const std::int64_t last = first + kSpanSeconds - 1;
   if (last > QXFMT_TIME_LIMIT) return;

@@ -24,7 +24,7 @@ inline constexpr std::int64_t kSpanSeconds = std::int64_t{1} << 18;
 inline constexpr std::uint32_t kMissesToRemember = 4;
 
 // Remembers the span that was missed, if the zone's offset is one value in it.
-void RememberMissedSpan(CQXBlockBuffer::ZoneSpan& span);
+void RememberMissedSpan(CQXBlockBuffer::ZoneSpan& span) noexcept;
 
 }  // namespace detail
 

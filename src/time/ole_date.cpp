@@ -46,7 +46,7 @@ bool FromOleDate(double date, CalendarFields& fields) {
 }  // namespace qxfmt
 
 ResultText CQXDataFormat::FormatOleDateTime(double date, QXFMT_DATE_FORMAT layout) noexcept {
-  return qxfmt::FillResult<128>(blocks_, [&](auto block) {
+  return qxfmt::FillResult<128>(blocks_, [date, layout](auto block) {
     const QXFMT_DATE_FORMAT resolved = qxfmt::ResolveLayout(layout);
     qxfmt::CalendarFields fields;
     if (!qxfmt::FromOleDate(date, fields)) return block.Print(qxfmt::NoDate(resolved));

@@ -31,7 +31,8 @@ struct Instant {
 // Converts, takes the block and prints. Apart from the checks before it, which need no frame on the
 // stack.
 template <std::uint32_t kBytes, typename Instant, typename Print>
-[[gnu::noinline]] ResultText FormatAdmitted(CQXBlockBuffer& arena, Instant instant, Print print) {
+[[gnu::noinline]] ResultText FormatAdmitted(CQXBlockBuffer& arena, Instant instant,
+                                            Print print) noexcept {
   CalendarFields fields;
   if (!ToLocalTime(arena, instant.seconds, fields)) return kEmptyText;
   return FillResult<kBytes>(arena, [&](auto block) { return print(block, instant, fields); });
@@ -39,7 +40,7 @@ template <std::uint32_t kBytes, typename Instant, typename Print>
 
 // The checks of every timestamp in their order, and then the block, which `print` fills.
 template <int kDecimals, std::uint32_t kBytes = 128, typename Print>
-ResultText FormatInstant(CQXBlockBuffer& arena, std::int64_t count, Print print) {
+ResultText FormatInstant(CQXBlockBuffer& arena, std::int64_t count, Print print) noexcept {
   if (count == 0) return kEmptyText;
   const Instant<kDecimals> instant(count);
   // Unsigned, so that whatever is negative lies above the limit.
@@ -76,7 +77,8 @@ class DatePart {
 };
 
 template <int kDecimals>
-ResultText FormatDated(CQXBlockBuffer& arena, std::int64_t count, QXFMT_DATE_FORMAT layout) {
+ResultText FormatDated(CQXBlockBuffer& arena, std::int64_t count,
+                       QXFMT_DATE_FORMAT layout) noexcept {
   return FormatInstant<kDecimals>(
       arena, count,
       [&arena, layout](auto block, const auto& instant, const CalendarFields& fields) {
@@ -86,7 +88,7 @@ ResultText FormatDated(CQXBlockBuffer& arena, std::int64_t count, QXFMT_DATE_FOR
 }
 
 template <int kDecimals, std::uint32_t kBytes = 128>
-ResultText FormatUndated(CQXBlockBuffer& arena, std::int64_t count) {
+ResultText FormatUndated(CQXBlockBuffer& arena, std::int64_t count) noexcept {
   return FormatInstant<kDecimals, kBytes>(
       arena, count, [](auto block, const auto& instant, const CalendarFields& fields) {
         return block.Print(TimeOfDay(fields), Fraction<kDecimals>(instant.remainder));
