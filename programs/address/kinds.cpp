@@ -144,9 +144,8 @@ Kind KindOf(const Ipv4& ipv4) {
 Kind KindOf(const Ipv6& ipv6) {
   const auto holds = [&ipv6](const Block& block) {
     Ipv6Octets first;
-    static_cast<void>(
-        QXFMT_GetIPv6Address(block.first, first.data()));  // all of the table are some
-    return StartAlike(ipv6.address, first, block.prefix);
+    return QXFMT_GetIPv6Address(block.first, first.data()) != 0 &&
+           StartAlike(ipv6.address, first, block.prefix);
   };
   return Find(kIpv6Blocks, holds)->kind;
 }

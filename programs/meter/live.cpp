@@ -82,7 +82,7 @@ class Live {
   std::string Frame();
   std::string RowLine(const Row& row, std::string_view cells, std::size_t bar) const;
   std::string KeyLine(std::size_t hidden) const;
-  std::string Coloured(const char* colour, std::string_view text) const;
+  std::string Coloured(const char* colour, std::string_view text) const;  // cut to the width
 
   Options options_;
   CQXDataFormat format_;
@@ -90,6 +90,7 @@ class Live {
   RateTable table_{false};
   Round round_;
   Clock::time_point start_ = Clock::now();
+  std::size_t width_ = 0;  // of the terminal
   bool has_colours_ = programs::TakesColours(STDOUT_FILENO);
   bool is_utf8_ = programs::IsUtf8Locale();
 };
@@ -134,15 +135,15 @@ bool Live::Press(char key) {
 }
 
 std::string Live::Frame() {
-  const std::size_t width = programs::LineWidth(STDOUT_FILENO);
+  width_ = programs::LineWidth(STDOUT_FILENO);
   const std::size_t height = programs::LineCount(STDOUT_FILENO);
   Sort(round_, options_.order);
   std::vector<Row> rows = RowsOf(round_);
   const std::size_t hidden = Shorten(rows, height > kOtherLines ? height - kOtherLines : 0);
   const std::string table =
-      table_.ToString(format_, options_, round_, rows, Less(width, kGap + kShortestBar));
+      table_.ToString(format_, options_, round_, rows, Less(width_, kGap + kShortestBar));
   const std::vector<std::string_view> lines = SplitLines(table);
-  const std::size_t bar = std::min(Less(width, programs::Width(lines[0]) + kGap), kLongestBar);
+  const std::size_t bar = std::min(Less(width_, programs::Width(lines[0]) + kGap), kLongestBar);
 
   std::string frame = Coloured(kBold, Stamp(format_, options_, round_.time - start_)) + "\n\n";
   frame += Coloured(kBold, std::string(lines[0]) + "  last minute") + "\n";
@@ -172,6 +173,7 @@ std::string Live::KeyLine(std::size_t hidden) const {
 }
 
 std::string Live::Coloured(const char* colour, std::string_view text) const {
+  text = programs::Cut(text, width_);
   if (!has_colours_ || *colour == '\0') return std::string(text);
   return std::string(colour).append(text).append("\033[0m");
 }

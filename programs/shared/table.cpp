@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::size_t kGap = 2;  // blanks between columns
 
+bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
+
 // In quotes, where it would not be one cell without them.
 std::string Quoted(std::string_view cell) {
   if (cell.find_first_of(",\"\n") == std::string_view::npos) return std::string(cell);
@@ -20,10 +22,16 @@ std::string Quoted(std::string_view cell) {
 
 }  // namespace
 
-std::size_t Width(std::string_view cell) {
-  return static_cast<std::size_t>(std::count_if(cell.begin(), cell.end(), [](char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-  }));
+std::size_t Width(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), StartsCharacter));
+}
+
+std::string_view Cut(std::string_view text, std::size_t width) {
+  std::size_t size = 0;
+  for (; size < text.size(); ++size) {
+    if (StartsCharacter(text[size]) && width-- == 0) break;
+  }
+  return text.substr(0, size);
 }
 
 Table::Table(const std::vector<std::string>& headings, std::size_t left)

@@ -10,7 +10,10 @@
 namespace programs {
 
 // Columns that a text takes: one for each character. No cell of ours holds wide or combining ones.
-std::size_t Width(std::string_view cell);
+std::size_t Width(std::string_view text);
+
+// As much of a text as fits into so many columns.
+std::string_view Cut(std::string_view text, std::size_t width);
 
 // Groups of columns that go together, by their places.
 using ColumnGroups = std::vector<std::vector<std::size_t>>;
