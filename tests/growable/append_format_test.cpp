@@ -34,7 +34,8 @@ void ExpectRefused(const std::vector<WideText>& formats, const Arguments&... arg
 TEST(AppendFormat, Refusals) {
   ExpectRefused({u"%5s", u"%05s", u"%0s", u"%.2s", u"%hs", u"%ls", u"%I64s", u"%d"}, u"text");
   ExpectRefused({u"%08.2f", u"%5.2f", u"%0f", u"%lf", u"%.33f", u"%.1000f", u"%.*f", u"%u"}, 1.5);
-  ExpectRefused({u"%I65d", u"%I46d", u"%5d", u"%0d", u"%.2d", u"%01000d", u"%c", u"%", u"%hd"}, 1);
+  ExpectRefused(
+      {u"%I65d", u"%I74d", u"%i64d", u"%5d", u"%0d", u"%.2d", u"%01000d", u"%c", u"%", u"%hd"}, 1);
   ExpectRefused({u"%u", u"%x", u"%s", u"%f"}, 1);
   ExpectRefused({u"%d", u"%ld", u"%hu"}, 1U);
   ExpectRefused({u"%u", u"%I64d"}, UINT64_MAX);

@@ -3,9 +3,10 @@
 usage: mutate.py [COUNT [SEED [FILES]]]
 
 Takes COUNT of all mutants (150; 0 for all of them), chosen by SEED (1), of the sources whose names
-hold the regular expression FILES. Works on copies of the sources in build/mutation, one for each
-processor, built with AddressSanitizer and UndefinedBehaviorSanitizer, and runs the tests of what
-depends on the changed file. A mutant is killed if a test fails, crashes or takes too long.
+hold the regular expression FILES. Works on copies of the project in build/mutation, one for each
+processor, and runs the tests of what depends on the changed file. A mutant is killed if a test
+fails, crashes or takes too long. One that lives is tried again with AddressSanitizer and
+UndefinedBehaviorSanitizer, whose build takes longer.
 
 Not counted are mutants that do not build, those for which the compiler makes the same code, and
 those in equivalent.txt. Fails if less than 95 % of the others are killed.
@@ -19,29 +20,28 @@ import pathlib
 import queue
 import random
 import re
-import resource
 import shutil
 import subprocess
 import sys
+import threading
 
 import mutations
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 EQUIVALENT = ROOT / "tests/mutation/equivalent.txt"
 WORK = ROOT / "build/mutation"
-PROGRAMS = ("tests/qxfmt_tests", "tests/qxfmt_library_tests")
 LEAST_PERCENT = 95
+TARGETS = ("qxfmt_tests", "qxfmt_library_tests")
+PROGRAMS = tuple(f"tests/{target}" for target in TARGETS)
 QUICK = 0.3  # seconds; slower tests run by themselves, and only if the quick ones see nothing
-FLAGS = "-fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all"
 COMPILER = "clang++"
+PLAIN = "-O0"
+SANITIZED = "-O1 -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all"
 
-# What depends on the rooms of src/. Every test depends on the others.
-DEPENDENT = {
-    "address": ("address", "frame"),
-    "growable": ("growable", "time", "frame"),
-    "numbers": ("numbers", "frame"),
-    "time": ("time", "frame"),
-}
+SANITIZED_USE = threading.Lock()
+
+# Rooms whose tests see what is built from the sources of another room.
+USERS = {"text": ("numbers", "growable"), "growable": ("time",)}
 
 
 def all_mutants():
@@ -83,14 +83,15 @@ def read_equivalent():
 
 
 class Tree:
-    """A copy of the project with its build."""
+    """A copy of the project with its build, for one mutant at a time."""
 
-    def __init__(self, number):
-        self.source = WORK / str(number)
+    def __init__(self, name, flags):
+        self.source = WORK / name
         self.build = self.source / "build"
+        self.flags = flags
 
-    def run(self, *command, timeout=600):
-        """The finished command, or None if it took too long."""
+    def run(self, *command, cpu_seconds=1200):
+        """The finished command. It ends after so many seconds of work, or after 20 minutes."""
         environment = {
             **os.environ,
             "CCACHE_DISABLE": "1",
@@ -100,7 +101,7 @@ class Tree:
         }
         try:
             return subprocess.run(
-                command,
+                ["prlimit", f"--cpu={cpu_seconds}", "--core=0", *command],
                 cwd=self.build,
                 env=environment,
                 stdin=subprocess.DEVNULL,
@@ -108,15 +109,15 @@ class Tree:
                 stderr=subprocess.STDOUT,
                 text=True,
                 errors="replace",
-                timeout=timeout,
+                timeout=1200,
             )
-        except subprocess.TimeoutExpired:
-            return None
+        except subprocess.TimeoutExpired as late:
+            return subprocess.CompletedProcess(command, 1, str(late))
 
     def must_run(self, *command):
-        done = self.run(*command, timeout=3600)
-        if done is None or done.returncode != 0:
-            sys.exit(f"{' '.join(command)} failed:\n{done.stdout[-4000:] if done else 'timeout'}")
+        done = self.run(*command)
+        if done.returncode != 0:
+            sys.exit(f"{' '.join(command)} failed:\n{done.stdout[-4000:]}")
         return done.stdout
 
     def make(self):
@@ -131,10 +132,14 @@ class Tree:
         self.must_run(
             "cmake", "-S", str(self.source), "-B", str(self.build), "-G", "Ninja",
             f"-DCMAKE_CXX_COMPILER={COMPILER}", "-DCMAKE_CXX_COMPILER_LAUNCHER=",
-            "-DCMAKE_BUILD_TYPE=None", f"-DCMAKE_CXX_FLAGS=-O1 {FLAGS}",
-            "-DQXFMT_BUILD_PROGRAMS=OFF", "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST",
+            "-DCMAKE_BUILD_TYPE=None", f"-DCMAKE_CXX_FLAGS={self.flags}",
+            "-DCMAKE_SHARED_LINKER_FLAGS=-fuse-ld=lld", "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld",
+            "-DQXFMT_HARDENING=OFF", "-DQXFMT_BUILD_PROGRAMS=OFF",
+            "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST",
+            f"-DCMAKE_PROJECT_qxfmt_INCLUDE={self.source}/tests/mutation/precompiled.cmake",
         )  # fmt: skip
-        self.must_run("ninja", "-j1", *(program.removeprefix("tests/") for program in PROGRAMS))
+        self.must_run("ninja", "-j1", *TARGETS)
+        self.users = self.find_users()
         self.objects = {
             path: path.stat().st_mtime_ns
             for path in self.build.rglob("*")
@@ -178,28 +183,52 @@ class Tree:
                 if not copy.exists() or copy.stat().st_mtime_ns != time:
                     shutil.copy2(self.kept(copy), copy)
 
-    def outcome(self, mutant, tests):
-        with self.changed(mutant):
-            built = self.run("ninja", "-j1", *(program.removeprefix("tests/") for program in PROGRAMS))
-            if built is None or built.returncode != 0:
-                return "does not build"
-            for command, seconds in runs_for(mutant[0].split("/")[1], tests):
-                done = self.run(*command, timeout=20 + 10 * seconds)
-                if done is None or done.returncode != 0:
-                    return "killed"
-            code = self.code_of(mutant[0])
-        return "same code" if code == self.code_of(mutant[0]) else "alive"
+    def kills(self, mutant, tests):
+        """Whether a test sees the mutant, which is in place; None if that does not build."""
+        if self.run("ninja", "-j1", *TARGETS).returncode != 0:
+            return None
+        rooms = {source.parent.name for source in self.users[mutant[0]]}
+        rooms |= {"frame", mutant[0].split("/")[1]}
+        for room in sorted(rooms):
+            rooms.update(USERS.get(room, ()))
+        for command, seconds in runs_for(rooms, tests):
+            if self.run(*command, cpu_seconds=int(5 + 5 * seconds)).returncode != 0:
+                return True
+        return False
 
     def code_of(self, name):
         """What the compiler makes, optimized, of all sources that the file is part of."""
-        sources = []
+        code = []
+        for source in self.users[name]:
+            self.must_run(*self.compile(source), "-O2", "-c", "-o", "code.o")
+            code.append((self.build / "code.o").read_bytes())
+        return code
+
+    def compile(self, source):
+        includes = ["-I", f"{self.source}/src", "-I", f"{self.source}/include"]
+        return [COMPILER, "-std=c++20", *includes, str(source)]
+
+    def find_users(self):
+        """The sources that each file of src/ is part of."""
+        users = {}
         for source in sorted((self.source / "src").glob("*/*.cpp")):
-            includes = ["-I", str(self.source / "src"), "-I", str(self.source / "include")]
-            flags = [COMPILER, "-std=c++20", "-O2", *includes, str(source)]
-            if str(self.source / name) in self.must_run(*flags, "-MM").split():
-                self.must_run(*flags, "-c", "-o", "code.o")
-                sources.append((self.build / "code.o").read_bytes())
-        return sources
+            for part in self.must_run(*self.compile(source), "-MM").split():
+                users.setdefault(part.removeprefix(f"{self.source}/"), []).append(source)
+        return users
+
+
+def outcome_of(mutant, tree, sanitized, tests):
+    with tree.changed(mutant):
+        killed = tree.kills(mutant, tests)
+        if killed is None:
+            return "does not build"
+        if killed:
+            return "killed"
+        code = tree.code_of(mutant[0])
+    if code == tree.code_of(mutant[0]):
+        return "same code"
+    with SANITIZED_USE, sanitized.changed(mutant):
+        return "killed" if sanitized.kills(mutant, tests) else "alive"
 
 
 def git_files():
@@ -210,9 +239,9 @@ def git_files():
     return [name for name in listed.stdout.splitlines() if (ROOT / name).is_file()]
 
 
-def runs_for(room, tests):
+def runs_for(rooms, tests):
     """Command lines with the seconds that they take, the quick tests of a program in one."""
-    tests = [test for test in tests if room not in DEPENDENT or test[3] in DEPENDENT[room]]
+    tests = [test for test in tests if test[3] in rooms]
     for program in PROGRAMS:
         quick = [test for test in tests if test[0] == program and test[2] < QUICK]
         names = ":".join(test[1] for test in quick)
@@ -243,28 +272,31 @@ def main():
         chosen = random.Random(int(seed)).sample(chosen, min(int(count), len(chosen)))
     counted = [mutant for mutant in chosen if key_of(mutant) not in equivalent]
 
-    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-    trees = queue.Queue()
     outcomes = {"killed": [], "alive": [], "does not build": [], "same code": []}
-    workers = os.cpu_count() or 1
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        trees = [Tree(f"plain-{number}", PLAIN) for number in range(os.cpu_count())]
+        sanitized = Tree("sanitized", SANITIZED)
+        list(pool.map(Tree.make, [*trees, sanitized]))
+        tests = list(sanitized.tests())
+        free = queue.Queue()
+        for tree in trees:
+            free.put(tree)
 
-    def try_out(mutant):
-        tree = trees.get()
-        try:
-            return mutant, tree.outcome(mutant, tests)
-        finally:
-            trees.put(tree)
+        def try_out(mutant):
+            tree = free.get()
+            try:
+                return mutant, outcome_of(mutant, tree, sanitized, tests)
+            finally:
+                free.put(tree)
 
-    with concurrent.futures.ThreadPoolExecutor(workers) as pool:
-        made = [Tree(number) for number in range(workers)]
-        list(pool.map(Tree.make, made))
-        tests = list(made[0].tests())
-        for tree in made:
-            trees.put(tree)
-        for mutant, outcome in pool.map(try_out, counted):
+        for done in concurrent.futures.as_completed(pool.submit(try_out, mutant) for mutant in counted):
+            mutant, outcome = done.result()
             outcomes[outcome].append(mutant)
             if outcome == "alive":
                 print(f"alive:\n{shown(mutant)}\n", flush=True)
+            tried = sum(map(len, outcomes.values()))
+            if tried % 25 == 0:
+                print(f"{tried} of {len(counted)} tried", file=sys.stderr, flush=True)
 
     killed, alive = len(outcomes["killed"]), len(outcomes["alive"])
     percent = 100 * killed / max(1, killed + alive)

@@ -40,6 +40,9 @@ TEST(BoundedPrint, WholeTextOrNothing) {
   ExpectPrint("000,042", PaddedDecimal(42, 6, kCommas));
   ExpectPrint("", PaddedDecimal(0, 0, kCommas));
   ExpectPrint("date -2.67 KB", u"date ", ShortNumber(-2.675, 2, Grouping::kNone), u" KB");
+  constexpr double kLargest = -0x1.fffffffffffffp63;  // of the short ones
+  constexpr std::int32_t kMost = detail::kShortPlaces;
+  ExpectPrint(WithCommas(Exact(kLargest, kMost)), ShortNumber(kLargest, kMost, kCommas));
   ExpectPrint("-12,346", ShortNumber(-12345.67, 0, kCommas));
   ExpectPrint("-1,000,000,000,000,000,019,884,624,838,656.0", LongDecimal(-1e30, 1, kCommas));
   ExpectPrint("-10,633,823,966,279,326,983,230,456,482,242,756,608.00",
