@@ -2,8 +2,7 @@
 
 /// @file
 /// All of QXFMT's public interface.
-
-/// @mainpage
+///
 /// Short display text for network measurements, and typed address text back into values.
 ///
 /// - `CQXDataFormat` turns values into text.

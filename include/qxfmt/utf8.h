@@ -176,8 +176,8 @@ inline bool CopyFours(const char* first, char16_t* to_first, const char* second,
 /// As `CopyFours`, with eight characters from each place.
 inline bool CopyEights(const char16_t* first, char* to_first, const char16_t* second,
                        char* to_second) noexcept {
-  const __m128i a = Load<__m128i>(first);
-  const __m128i b = Load<__m128i>(second);
+  const auto a = Load<__m128i>(first);
+  const auto b = Load<__m128i>(second);
   // Units are taken for signed: those from 0x8000 on become 0, and others from 0x100 on 0xFF.
   const __m128i bytes = _mm_packus_epi16(a, b);
   if (_mm_movemask_epi8(_mm_or_si128(_mm_or_si128(a, b), bytes)) != 0) return false;
@@ -355,11 +355,13 @@ class Utf8 {
 
 /// Appends a text to a string.
 /// @param out may already hold bytes; they stay.
+/// @param text any UTF-16.
 /// @throws std::bad_alloc; the string may then end in a part of the text.
 /// `(qxfmt::AppendUtf8(line, u" KB"), line)` gives "5 KB" where the line was "5".
 inline void AppendUtf8(std::string& out, std::u16string_view text) { internal::Append(out, text); }
 
 /// Converts a text into the caller's area. What has no room is cut off after a whole character.
+/// @param text any UTF-16.
 /// @param area the area; not null unless `room` is 0.
 /// @param room bytes of the area, with that of the terminator, which is always written unless the
 ///   room is 0. `3 * text.size() + 1` is room for everything, and 382 for every result.
@@ -386,12 +388,14 @@ inline std::size_t CopyUtf8(std::u16string_view text, char* area, std::size_t ro
 
 /// Appends a text to a string.
 /// @param out may already hold units; they stay.
+/// @param bytes any text in UTF-8.
 /// @throws std::bad_alloc; the string may then end in a part of the text.
 inline void AppendUtf16(std::u16string& out, std::string_view bytes) {
   internal::Append(out, bytes);
 }
 
 /// Converts a text into the caller's area. What has no room is cut off after a whole character.
+/// @param bytes any text in UTF-8.
 /// @param area the area; not null unless `room` is 0.
 /// @param room units of the area, with that of the terminator, which is always written unless the
 ///   room is 0. `bytes.size() + 1` is room for everything.
