@@ -120,8 +120,8 @@ template <typename Time>
 /// As the operations of `CQXDataFormat` for the unit of the accuracy: their texts, blocks, failures
 /// and life of the result. A time between 2262 and the limit of timestamps has a text in every
 /// accuracy but nanoseconds.
-/// In the examples `time` is `std::chrono::system_clock::from_time_t(1700000000)`, and the local zone
-/// is eight hours ahead of UTC.
+/// In the examples `time` is `std::chrono::system_clock::from_time_t(1700000000)`, and the local
+/// zone is eight hours ahead of UTC.
 /// @param format the formatter that holds the result.
 /// @param time a time point of `std::chrono::system_clock`. Exactly 1970-01-01 00:00:00 UTC, and
 ///   what is cut off to it, reads as the empty text.
@@ -160,8 +160,8 @@ template <typename Duration>
 }
 
 /// As `FormatDurationSecond`, `FormatDurationMSecond`, `FormatDurationUSecond` or
-/// `FormatDurationNSecond`. Whole seconds have no sign: with that accuracy a negative duration reads
-/// as 0, and one of more than 32 bits as the longest, 136 years.
+/// `FormatDurationNSecond`. Whole seconds have no sign: with that accuracy a negative duration
+/// reads as 0, and one of more than 32 bits as the longest, 136 years.
 /// `qxfmt::FormatDuration(format, 61s, QXFMT_TIME_SECOND, QXFMT_DURATION_CLOCK)` gives "00:01:01".
 /// @throws StatusException in the worded formats only, when memory for a string cannot be had.
 template <typename Count, typename Period>

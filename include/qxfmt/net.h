@@ -9,6 +9,9 @@
 ///
 /// Texts to read are NUL-terminated 16-bit units; a null one is refused. `qxfmt::Utf16` makes them
 /// of UTF-8. What is read goes to the caller's object, which stays as it is if the text is refused.
+///
+/// Nothing here throws or has a state of its own. Threads are as with `CQXDataFormat` for what
+/// takes one; any thread may call the rest at any time.
 
 #include <cstdint>
 #include <cstring>
@@ -126,8 +129,8 @@ bool ReadPort(WideText text, Port& port) noexcept {
                                type);
 }
 
-/// As for the address that it holds by its family, `AF_INET` or `AF_INET6`. Of any other the text is
-/// a static one: `qxfmt::FormatAddress(format, sockaddr_storage{})` gives "???".
+/// As for the address that it holds by its family, `AF_INET` or `AF_INET6`. Of any other the text
+/// is a static one: `qxfmt::FormatAddress(format, sockaddr_storage{})` gives "???".
 [[nodiscard]] inline ResultText FormatAddress(
     CQXDataFormat& format, const sockaddr_storage& address,
     QXFMT_IPV6_TYPE type = QXFMT_IPV6_COMPRESSED) noexcept {
@@ -151,7 +154,8 @@ bool ReadPort(WideText text, Port& port) noexcept {
 /// @return whether the text was read.
 /// @{
 
-/// "192.0.2.1", as `QXFMT_IsValidIpAddress` accepts it: `qxfmt::ReadAddress(u"192.0.2.1", address)`.
+/// "192.0.2.1", as `QXFMT_IsValidIpAddress` accepts it: `qxfmt::ReadAddress(u"192.0.2.1",
+/// address)`.
 [[nodiscard]] inline bool ReadAddress(WideText text, in_addr& address) noexcept {
   if (QXFMT_IsValidIpAddress(text) == 0) return false;
   address = ToInAddr(QXFMT_GetIpAddress(text, nullptr));
