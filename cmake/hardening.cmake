@@ -10,6 +10,7 @@ set(chosen_flags "${CMAKE_CXX_FLAGS} ${CMAKE_SHARED_LINKER_FLAGS} ${CMAKE_EXE_LI
 # usage: harden(FLAG REGEX_OF_THE_CHOICE), if the compiler has the flag and nobody has chosen
 function(harden flag choice)
   string(MAKE_C_IDENTIFIER "QXFMT_HAS${flag}" has)
+  set(CMAKE_REQUIRED_FLAGS -Werror)  # clang only warns of a flag for another processor
   check_cxx_compiler_flag(${flag} ${has})
   if(${has} AND NOT chosen_flags MATCHES "${choice}")
     target_compile_options(qxfmt_hardening INTERFACE ${flag})
