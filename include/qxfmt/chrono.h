@@ -55,7 +55,7 @@ constexpr std::int64_t ScaledInteger(Count count, std::uint64_t times,
 /// A count with a fraction.
 template <typename Count>
 constexpr std::int64_t ScaledFloat(Count count, Count times, Count parts) noexcept {
-  constexpr Count kEnd = 0x1p63;
+  constexpr auto kEnd = static_cast<Count>(0x1p63);
   const Count scaled = count * times / parts;
   if (scaled >= kEnd || scaled < -kEnd) return FarthestCount(scaled < 0);
   return scaled >= -kEnd ? static_cast<std::int64_t>(scaled) : 0;  // 0 for a NaN
@@ -120,16 +120,19 @@ template <typename Time>
 /// As the operations of `CQXDataFormat` for the unit of the accuracy: their texts, blocks, failures
 /// and life of the result. A time between 2262 and the limit of timestamps has a text in every
 /// accuracy but nanoseconds.
+/// In the examples `time` is `std::chrono::system_clock::from_time_t(1700000000)`, and the local
+/// zone is eight hours ahead of UTC.
 /// @param format the formatter that holds the result.
 /// @param time a time point of `std::chrono::system_clock`. Exactly 1970-01-01 00:00:00 UTC, and
 ///   what is cut off to it, reads as the empty text.
 /// @param span a duration.
 /// @param accuracy the finest unit shown; a value outside its list gives the empty text.
+/// @param layout as for the dates of `CQXDataFormat`.
+/// @param kind the kind of text, as for the durations of `CQXDataFormat`.
 /// @{
 
-/// As `FormatDateTime`, `FormatMSecondDataTime`, `FormatHiResDateTime` or `FormatMaxHiResDateTime`:
-/// `qxfmt::FormatDateTime(format, now, QXFMT_TIME_MSECOND)` gives "2023/11/15 06:13:20.123".
-/// @param layout as for the dates.
+/// As `FormatDateTime`, `FormatMSecondDataTime`, `FormatHiResDateTime` or `FormatMaxHiResDateTime`.
+/// `qxfmt::FormatDateTime(format, time, QXFMT_TIME_MSECOND)` gives "2023/11/15 06:13:20.000".
 template <typename Duration>
 [[nodiscard]] ResultText FormatDateTime(
     CQXDataFormat& format, std::chrono::time_point<std::chrono::system_clock, Duration> time,
@@ -144,8 +147,8 @@ template <typename Duration>
   return format.FormatAllDateTime(Nanoseconds(time), accuracy, layout);
 }
 
-/// As `FormatTime`, `FormatMSecondTime`, `FormatHiResTime` or `FormatMaxHiResTime`:
-/// `qxfmt::FormatTime(format, now, QXFMT_TIME_SECOND)` gives "06:13:20".
+/// As `FormatTime`, `FormatMSecondTime`, `FormatHiResTime` or `FormatMaxHiResTime`.
+/// `qxfmt::FormatTime(format, time, QXFMT_TIME_SECOND)` gives "06:13:20".
 template <typename Duration>
 [[nodiscard]] ResultText FormatTime(
     CQXDataFormat& format, std::chrono::time_point<std::chrono::system_clock, Duration> time,
@@ -157,11 +160,9 @@ template <typename Duration>
 }
 
 /// As `FormatDurationSecond`, `FormatDurationMSecond`, `FormatDurationUSecond` or
-/// `FormatDurationNSecond`:
-/// `qxfmt::FormatDuration(format, std::chrono::seconds(3661), QXFMT_TIME_SECOND,
-/// QXFMT_DURATION_CLOCK)` gives "01:01:01". Whole seconds have no sign: with that accuracy a
-/// negative duration reads as 0, and one of more than 32 bits as the longest, 136 years.
-/// @param kind the kind of text, as for the durations of `CQXDataFormat`.
+/// `FormatDurationNSecond`. Whole seconds have no sign: with that accuracy a negative duration
+/// reads as 0, and one of more than 32 bits as the longest, 136 years.
+/// `qxfmt::FormatDuration(format, 61s, QXFMT_TIME_SECOND, QXFMT_DURATION_CLOCK)` gives "00:01:01".
 /// @throws StatusException in the worded formats only, when memory for a string cannot be had.
 template <typename Count, typename Period>
 [[nodiscard]] ResultText FormatDuration(CQXDataFormat& format,

@@ -17,6 +17,9 @@ class GrowableText;
 #if defined(__clang__)
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wgcc-compat"  // the place of QXFMT_REFUSE_NEGATIVE
+#elif defined(_MSC_VER)
+#pragma warning(push)
+#pragma warning(disable : 4251)  // the arena is not exported: only the library calls it
 #endif
 
 /// Turns values into display text. The texts lie in an arena of the object.
@@ -629,4 +632,6 @@ class QXFMT_API CQXDataFormat {
 
 #if defined(__clang__)
 #pragma clang diagnostic pop
+#elif defined(_MSC_VER)
+#pragma warning(pop)
 #endif

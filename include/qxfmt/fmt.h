@@ -1,8 +1,11 @@
 #pragma once
 
 /// @file
-/// `qxfmt::Utf8` as an argument of fmt, from its version 9 on: `fmt::print("{:>12}",
-/// qxfmt::Utf8(format.FormatByte(1536, 2)))`. The specification is that of a string.
+/// `qxfmt::Utf8` as an argument of fmt, from its version 9 on. The specification is that of a
+/// string: width, fill and precision count characters.
+/// `fmt::format("{:>9}", qxfmt::Utf8(u"1.50 KB"))` gives "  1.50 KB".
+///
+/// Takes no memory of its own; any thread may use it at any time.
 
 #include <string_view>
 
@@ -10,12 +13,12 @@
 
 #include <qxfmt/utf8.h>
 
-/// Prints the bytes as a string.
+/// @cond
 template <>
 struct fmt::formatter<qxfmt::Utf8> : fmt::formatter<std::string_view> {
-  /// `fmt::format("{:>9}", qxfmt::Utf8(u"1.50 KB"))` gives "  1.50 KB".
   template <typename Context>
   auto format(const qxfmt::Utf8& text, Context& context) const {
     return fmt::formatter<std::string_view>::format(std::string_view(text), context);
   }
 };
+/// @endcond

@@ -1,9 +1,12 @@
 #pragma once
 
 /// @file
-/// `qxfmt::Utf8` as an argument of `std::format`, where the standard library has it:
-/// `std::format("{:>12}", qxfmt::Utf8(format.FormatByte(1536, 2)))`. The specification is that of a
-/// string. Elsewhere this header has nothing, and `QXFMT_HAS_STD_FORMAT` is not defined.
+/// `qxfmt::Utf8` as an argument of `std::format`, where the standard library has it. The
+/// specification is that of a string: width, fill and precision count characters.
+/// `std::format("{:>9}", qxfmt::Utf8(u"1.50 KB"))` gives "  1.50 KB".
+///
+/// Defines QXFMT_HAS_STD_FORMAT; elsewhere this header has nothing. Takes no memory of its own; any
+/// thread may use it at any time.
 
 #include <string_view>
 
@@ -15,8 +18,6 @@
 
 #include <qxfmt/utf8.h>
 
-/// @def QXFMT_HAS_STD_FORMAT
-/// Defined where `qxfmt::Utf8` is an argument of `std::format`.
 #if defined(__cpp_lib_format)
 #define QXFMT_HAS_STD_FORMAT
 #elif defined(_LIBCPP_VERSION) && _LIBCPP_VERSION >= 160000 && __cplusplus >= 202002L && \
@@ -25,13 +26,13 @@
 #endif
 
 #if defined(QXFMT_HAS_STD_FORMAT)
-/// Prints the bytes as a string.
+/// @cond
 template <>
 struct std::formatter<qxfmt::Utf8> : std::formatter<std::string_view> {
-  /// `std::format("{:>9}", qxfmt::Utf8(u"1.50 KB"))` makes "  1.50 KB".
   template <typename Context>
   auto format(const qxfmt::Utf8& text, Context& context) const {
     return std::formatter<std::string_view>::format(std::string_view(text), context);
   }
 };
+/// @endcond
 #endif

@@ -13,6 +13,11 @@
 #include <qxfmt/export.h>
 #include <qxfmt/text.h>
 
+#if defined(_MSC_VER)
+#pragma warning(push)
+#pragma warning(disable : 4275)  // the base is the standard library's
+#endif
+
 /// Raised when an operation on a `GrowableText` fails; nothing else in the library throws.
 class QXFMT_API StatusException : public std::exception {
  public:
@@ -41,6 +46,10 @@ class QXFMT_API StatusException : public std::exception {
  private:
   std::uint32_t status_;
 };
+
+#if defined(_MSC_VER)
+#pragma warning(pop)
+#endif
 
 namespace qxfmt {
 
@@ -92,7 +101,7 @@ class FormatArgument {
   std::uint32_t bits_ = 0;
   std::uint64_t integer_ = 0;
   double double_ = 0;
-  std::u16string_view text_;
+  std::u16string_view text_{};
 };
 
 }  // namespace qxfmt

@@ -9,6 +9,9 @@
 ///
 /// Texts to read are NUL-terminated 16-bit units; a null one is refused. `qxfmt::Utf16` makes them
 /// of UTF-8. What is read goes to the caller's object, which stays as it is if the text is refused.
+///
+/// Nothing here throws or has a state of its own. Threads are as with `CQXDataFormat` for what
+/// takes one; any thread may call the rest at any time.
 
 #include <cstdint>
 #include <cstring>
@@ -37,6 +40,7 @@ namespace qxfmt {
 
 /// The address with the first octet of its text in the lowest 8 bits, as `FormatIpAddress`,
 /// `QXFMT_MaskToBits` and `QXFMT_IsValidIpMask` take it.
+/// `qxfmt::ToIpv4Value(qxfmt::ToInAddr(24))` gives 24.
 [[nodiscard]] inline std::uint32_t ToIpv4Value(const in_addr& address) noexcept {
   std::uint8_t octets[4];
   std::memcpy(octets, &address, sizeof octets);
@@ -45,6 +49,7 @@ namespace qxfmt {
 }
 
 /// The address of such a value: `qxfmt::ToInAddr(QXFMT_BitsToMask(24))` is the mask 255.255.255.0.
+/// `qxfmt::FormatAddress(format, qxfmt::ToInAddr(0x0102A8C0))` gives "192.168.2.1".
 [[nodiscard]] inline in_addr ToInAddr(std::uint32_t value) noexcept {
   const std::uint8_t octets[4] = {
       static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8U),
@@ -95,27 +100,28 @@ bool ReadPort(WideText text, Port& port) noexcept {
 /// Blocks, failures and life of the result are those of the operation named.
 /// @{
 
-/// As `FormatIpAddress`: "192.0.2.1".
+/// As `FormatIpAddress`. `qxfmt::FormatAddress(format, in_addr{})` gives "0.0.0.0".
 [[nodiscard]] inline ResultText FormatAddress(CQXDataFormat& format,
                                               const in_addr& address) noexcept {
   return format.FormatIpAddress(ToIpv4Value(address));
 }
 
-/// As `FormatIPv6Address`: "2001:db8::1".
+/// As `FormatIPv6Address`. `qxfmt::FormatAddress(format, in6_addr{})` gives "::".
 [[nodiscard]] inline ResultText FormatAddress(
     CQXDataFormat& format, const in6_addr& address,
     QXFMT_IPV6_TYPE type = QXFMT_IPV6_COMPRESSED) noexcept {
   return format.FormatIPv6Address(address.s6_addr, type);
 }
 
-/// As `FormatIpPort`: "192.0.2.1:443". Without the port: `FormatAddress` of its `sin_addr`.
+/// As `FormatIpPort`. `qxfmt::FormatAddress(format, sockaddr_in{})` gives "0.0.0.0:0". Without the
+/// port: `FormatAddress` of its `sin_addr`.
 [[nodiscard]] inline ResultText FormatAddress(CQXDataFormat& format,
                                               const sockaddr_in& address) noexcept {
   return format.FormatIpPort(ToIpv4Value(address.sin_addr), internal::PortNumber(address.sin_port));
 }
 
-/// As `FormatIpv6Port`: "[2001:db8::1]:443". Without the port: `FormatAddress` of its `sin6_addr`.
-/// The scope of a link-local address does not show.
+/// As `FormatIpv6Port`. `qxfmt::FormatAddress(format, sockaddr_in6{})` gives "[::]:0". Without the
+/// port: `FormatAddress` of its `sin6_addr`. The scope of a link-local address does not show.
 [[nodiscard]] inline ResultText FormatAddress(
     CQXDataFormat& format, const sockaddr_in6& address,
     QXFMT_IPV6_TYPE type = QXFMT_IPV6_COMPRESSED) noexcept {
@@ -123,8 +129,8 @@ bool ReadPort(WideText text, Port& port) noexcept {
                                type);
 }
 
-/// As for the address that it holds by its family, `AF_INET` or `AF_INET6`. Any other is the static
-/// text "???".
+/// As for the address that it holds by its family, `AF_INET` or `AF_INET6`. Of any other the text
+/// is a static one: `qxfmt::FormatAddress(format, sockaddr_storage{})` gives "???".
 [[nodiscard]] inline ResultText FormatAddress(
     CQXDataFormat& format, const sockaddr_storage& address,
     QXFMT_IPV6_TYPE type = QXFMT_IPV6_COMPRESSED) noexcept {
@@ -148,7 +154,8 @@ bool ReadPort(WideText text, Port& port) noexcept {
 /// @return whether the text was read.
 /// @{
 
-/// "192.0.2.1", as `QXFMT_IsValidIpAddress` accepts it.
+/// "192.0.2.1", as `QXFMT_IsValidIpAddress` accepts it: `qxfmt::ReadAddress(u"192.0.2.1",
+/// address)`.
 [[nodiscard]] inline bool ReadAddress(WideText text, in_addr& address) noexcept {
   if (QXFMT_IsValidIpAddress(text) == 0) return false;
   address = ToInAddr(QXFMT_GetIpAddress(text, nullptr));
@@ -214,7 +221,8 @@ bool ReadPort(WideText text, Port& port) noexcept {
 /// Where the system has `ether_addr`.
 /// @{
 
-/// As `FormatMacAddress` of octets: "00:1A:2B:3C:4D:5E".
+/// As `FormatMacAddress` of six octets.
+/// `qxfmt::FormatAddress(format, ether_addr{})` gives "00:00:00:00:00:00".
 [[nodiscard]] inline ResultText FormatAddress(CQXDataFormat& format,
                                               const ether_addr& address) noexcept {
   std::uint8_t octets[6];

@@ -173,6 +173,15 @@ inline bool CopyFours(const char* first, char16_t* to_first, const char* second,
 }
 
 #if defined(__SSE2__) || defined(_M_X64)
+/// Loads to and stores from the lower half of a register, at any address.
+inline __m128i LoadLow(const void* from) noexcept {
+  return _mm_loadl_epi64(static_cast<const __m128i*>(from));
+}
+/// The way back.
+inline void StoreLow(void* to, __m128i low) noexcept {
+  _mm_storel_epi64(static_cast<__m128i*>(to), low);
+}
+
 /// As `CopyFours`, with eight characters from each place.
 inline bool CopyEights(const char16_t* first, char* to_first, const char16_t* second,
                        char* to_second) noexcept {
@@ -181,15 +190,15 @@ inline bool CopyEights(const char16_t* first, char* to_first, const char16_t* se
   // Units are taken for signed: those from 0x8000 on become 0, and others from 0x100 on 0xFF.
   const __m128i bytes = _mm_packus_epi16(a, b);
   if (_mm_movemask_epi8(_mm_or_si128(_mm_or_si128(a, b), bytes)) != 0) return false;
-  _mm_storel_epi64(reinterpret_cast<__m128i*>(to_first), bytes);
-  _mm_storel_epi64(reinterpret_cast<__m128i*>(to_second), _mm_unpackhi_epi64(bytes, bytes));
+  StoreLow(to_first, bytes);
+  StoreLow(to_second, _mm_unpackhi_epi64(bytes, bytes));
   return true;
 }
 /// The way back.
 inline bool CopyEights(const char* first, char16_t* to_first, const char* second,
                        char16_t* to_second) noexcept {
-  const __m128i a = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(first));
-  const __m128i b = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(second));
+  const __m128i a = LoadLow(first);
+  const __m128i b = LoadLow(second);
   if (_mm_movemask_epi8(_mm_or_si128(a, b)) != 0) return false;
   Store(to_first, _mm_unpacklo_epi8(a, _mm_setzero_si128()));
   Store(to_second, _mm_unpacklo_epi8(b, _mm_setzero_si128()));
@@ -286,8 +295,8 @@ std::size_t Copy(std::basic_string_view<From> text, To* area, std::size_t room) 
 }  // namespace internal
 
 /// @name To UTF-8
-/// @param text any UTF-16: a result of a formatter, a literal, a `std::u16string`, a
-///   `GrowableText`. Not a null pointer; no result is one.
+/// From any UTF-16: a result of a formatter, a literal, a `std::u16string`, a `GrowableText`. Not
+/// from a null pointer; no result is one.
 /// @{
 
 /// A text as UTF-8, for whatever takes `char`:
@@ -374,12 +383,13 @@ inline std::size_t CopyUtf8(std::u16string_view text, char* area, std::size_t ro
 /// @}
 
 /// @name From UTF-8
-/// @param bytes any text in UTF-8, such as one that a user typed; not a null pointer.
+/// From any bytes, such as those that a user typed. Not from a null pointer.
 /// @{
 
 /// A text for the parsers: `QXFMT_GetIpAddress(qxfmt::Utf16(typed).c_str(), &valid)`. Mind that
 /// they read a NUL, which a line of a file may hold, as the end of the text.
 /// @throws std::bad_alloc
+/// `qxfmt::Utf8(qxfmt::Utf16("1.50 KB"))` gives "1.50 KB".
 [[nodiscard]] inline std::u16string Utf16(std::string_view bytes) {
   std::u16string text;
   internal::Append(text, bytes);
