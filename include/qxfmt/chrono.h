@@ -132,7 +132,7 @@ template <typename Time>
 /// @{
 
 /// As `FormatDateTime`, `FormatMSecondDataTime`, `FormatHiResDateTime` or `FormatMaxHiResDateTime`.
-/// `qxfmt::FormatDateTime(format, time, QXFMT_TIME_MSECOND)` gives "2023/11/15 06:13:20.000".
+/// `qxfmt::FormatDateTime(format, now, QXFMT_TIME_MSECOND)` gives "2023/11/15 06:13:20.123".
 template <typename Duration>
 [[nodiscard]] ResultText FormatDateTime(
     CQXDataFormat& format, std::chrono::time_point<std::chrono::system_clock, Duration> time,
@@ -148,7 +148,7 @@ template <typename Duration>
 }
 
 /// As `FormatTime`, `FormatMSecondTime`, `FormatHiResTime` or `FormatMaxHiResTime`.
-/// `qxfmt::FormatTime(format, time, QXFMT_TIME_SECOND)` gives "06:13:20".
+/// `qxfmt::FormatTime(format, now, QXFMT_TIME_SECOND)` gives "06:13:20".
 template <typename Duration>
 [[nodiscard]] ResultText FormatTime(
     CQXDataFormat& format, std::chrono::time_point<std::chrono::system_clock, Duration> time,
@@ -162,7 +162,8 @@ template <typename Duration>
 /// As `FormatDurationSecond`, `FormatDurationMSecond`, `FormatDurationUSecond` or
 /// `FormatDurationNSecond`. Whole seconds have no sign: with that accuracy a negative duration
 /// reads as 0, and one of more than 32 bits as the longest, 136 years.
-/// `qxfmt::FormatDuration(format, 61s, QXFMT_TIME_SECOND, QXFMT_DURATION_CLOCK)` gives "00:01:01".
+/// `qxfmt::FormatDuration(format, std::chrono::seconds(61), QXFMT_TIME_SECOND,
+/// QXFMT_DURATION_CLOCK)` gives "00:01:01".
 /// @throws StatusException in the worded formats only, when memory for a string cannot be had.
 template <typename Count, typename Period>
 [[nodiscard]] ResultText FormatDuration(CQXDataFormat& format,
