@@ -7,7 +7,7 @@
 ///
 /// C can include this header. There the enumerations are 32-bit integers and named constants.
 
-#include <stdint.h>  // which C has too
+#include <stdint.h>  // NOLINT(modernize-deprecated-headers): which C has too
 
 /// @def QXFMT_32_BITS
 /// The width of the enumerations, which C cannot say: it has integers of the same names instead.

@@ -11,7 +11,7 @@
 /// constants; g++ does so in the body, with `qxfmt::ExpectCount`, and other compilers do not.
 #if defined(__clang__)
 #define QXFMT_REFUSE_NEGATIVE(value) \
-  __attribute__((diagnose_if(value < 0, "a count of bytes or bits cannot be negative", "error")))
+  __attribute__((diagnose_if((value) < 0, "a count of bytes or bits cannot be negative", "error")))
 #else
 #define QXFMT_REFUSE_NEGATIVE(value)
 #endif

@@ -14,7 +14,7 @@
 ///
 /// C can include this header, and link the library.
 
-#include <stdint.h>  // which C has too
+#include <stdint.h>  // NOLINT(modernize-deprecated-headers): which C has too
 
 #include <qxfmt/export.h>
 #include <qxfmt/formats.h>

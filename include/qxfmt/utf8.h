@@ -185,8 +185,8 @@ inline void StoreLow(void* to, __m128i low) noexcept {
 /// As `CopyFours`, with eight characters from each place.
 inline bool CopyEights(const char16_t* first, char* to_first, const char16_t* second,
                        char* to_second) noexcept {
-  const __m128i a = Load<__m128i>(first);
-  const __m128i b = Load<__m128i>(second);
+  const auto a = Load<__m128i>(first);
+  const auto b = Load<__m128i>(second);
   // Units are taken for signed: those from 0x8000 on become 0, and others from 0x100 on 0xFF.
   const __m128i bytes = _mm_packus_epi16(a, b);
   if (_mm_movemask_epi8(_mm_or_si128(_mm_or_si128(a, b), bytes)) != 0) return false;
