@@ -45,17 +45,20 @@ USERS = {"text": ("numbers", "growable"), "growable": ("time",)}
 
 
 def all_mutants():
+    """Each as (file, number of the line, what the mutant is known by, what the line becomes)."""
     for path in sorted((ROOT / "src").glob("*/*")):
         name = str(path.relative_to(ROOT))
-        lines = path.read_text().splitlines()
+        lines = [line.strip() for line in path.read_text().splitlines()]
         for number, changed in mutations.of_file(path.read_text()):
-            yield name, number, lines[number], changed
+            line = lines[number]
+            nth = lines[: number + 1].count(line)
+            key = (name, f"{line} #{nth}" if nth > 1 else line, changed.strip())
+            yield name, number, key, changed
 
 
 def key_of(mutant):
-    """What a mutant is known by: line numbers do not matter, nor blanks."""
-    name, _, line, changed = mutant
-    return name, line.strip(), changed.strip()
+    """Line numbers do not matter, nor blanks. The second of two lines that are alike ends in #2."""
+    return mutant[2]
 
 
 def shown(mutant):

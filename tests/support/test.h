@@ -70,7 +70,7 @@ inline std::uint32_t StatusOf(const std::function<void()>& operation) try {
   return 0;
 } catch (const StatusException& failure) {
   char code[16];
-  std::snprintf(code, sizeof code, "0x%08X", failure.status());
+  std::snprintf(code, sizeof code, "(0x%08X)", failure.status());
   EXPECT_NE(std::string(failure.what()).find(code), std::string::npos) << failure.what();
   return failure.status();
 }
