@@ -20,7 +20,7 @@ TEST(AppendFormat, Conversions) {
   EXPECT_EQ(Formatted(u"%02X %04u %03d %02d", std::uint8_t{10}, 42U, -4, 123), "0A 0042 -04 123");
   EXPECT_EQ(Formatted(u"%0999d", -1), "-" + std::string(997, '0') + "1");
   EXPECT_EQ(Formatted(u"%s%s%%|%s", u"分", std::u16string_view(u"ab"), u""), "分ab%|");
-  EXPECT_EQ(Formatted(u"%f %.0f %.2f", 1.5, 2.5F, -0.005), "1.500000 2 -0.01");
+  EXPECT_EQ(Formatted(u"%f %.0f %.1f %.2f", 1.5, 2.5F, 0.25, -0.005), "1.500000 2 0.2 -0.01");
   EXPECT_EQ(Formatted(u"%.32f", -DBL_MAX), Exact(-DBL_MAX, 32));  // the longest
   EXPECT_EQ(Formatted(u"%.32f", std::nan("")), "nan");
 }
@@ -35,12 +35,14 @@ void ExpectRefused(const std::vector<WideText>& formats, const Arguments&... arg
 TEST(AppendFormat, Refusals) {
   ExpectRefused({u"%1s", u"%05s", u"%0s", u"%.2s", u"%hs", u"%ls", u"%I64s", u"%d"}, u"text");
   ExpectRefused({u"%08.2f", u"%1.2f", u"%0f", u"%lf", u"%.33f", u"%.1000f", u"%.*f", u"%u"}, 1.5);
-  ExpectRefused(
-      {u"%I65d", u"%I74d", u"%i64d", u"%1d", u"%0d", u"%.2d", u"%01000d", u"%c", u"%", u"%hd"}, 1);
+  ExpectRefused({u"%I65d", u"%I74d", u"%i64d", u"%1d", u"%0d", u"%.2d", u"%01000d", u"%0:d", u"%c",
+                 u"%", u"%hd"},
+                1);
   ExpectRefused({u"%u", u"%x", u"%s", u"%f"}, 1);
   ExpectRefused({u"%d", u"%ld", u"%hu"}, 1U);
   ExpectRefused({u"%u", u"%I64d"}, UINT64_MAX);
   ExpectRefused({u"%d", u"%d%s%d"}, 1, u"s");
+  ExpectRefused({u"%d", u"%01000d", u"%.1000f"});
   ExpectRefused({u"%s"}, WideText{nullptr});
 }
 

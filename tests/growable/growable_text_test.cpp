@@ -1,3 +1,4 @@
+#include <cstring>
 #include <map>
 
 #include "support/test.h"
@@ -18,7 +19,8 @@ TEST(GrowableText, EveryFailureKeepsTheText) {
   EXPECT_EQ(StatusOf([&] { text.append(WideText{nullptr}); }), 0x80070057);
   EXPECT_EQ(StatusOf([&] { text.append_format(nullptr); }), 0x80070057);
   EXPECT_EQ(StatusOf([&] { text.resize(text.capacity() + 1); }), 0x80070057);
-  EXPECT_EQ(StatusOf([&] { text.reserve(SIZE_MAX); }), 0x80070057);
+  EXPECT_EQ(StatusOf([&] { text.reserve(text.max_size() + 1); }), 0x80070057);
+  EXPECT_EQ(StatusOf([&] { text.reserve(text.max_size()); }), 0x8007000E);
   EXPECT_EQ(Utf8(text), "kept");
   EXPECT_STREQ(StatusException(1).what(), "text operation failed");
 }
@@ -31,7 +33,8 @@ struct LoggedMemory : std::pmr::memory_resource {
   ~LoggedMemory() override { EXPECT_TRUE(given.empty()); }
   void* do_allocate(std::size_t bytes, std::size_t /*alignment*/) override {
     asked.push_back(static_cast<std::uint32_t>(bytes));
-    return given.emplace(::operator new(bytes), bytes).first->first;
+    void* const memory = std::memset(::operator new(bytes), 0xCD, bytes);
+    return given.emplace(memory, bytes).first->first;
   }
   void do_deallocate(void* memory, std::size_t bytes, std::size_t /*alignment*/) override {
     EXPECT_EQ(given.at(memory), bytes);
@@ -49,7 +52,8 @@ TEST(GrowableText, DoublesItsRoom) {
   for (const std::size_t capacity : {8063U, 8064U, 8065U}) text.reserve(capacity);
   EXPECT_EQ(memory.asked.back(), 16132U);
   EXPECT_EQ(memory.asked.size(), 9U);
-  EXPECT_EQ(Utf8(text), std::string(4033, 'x'));
+  EXPECT_EQ(Utf8(text.c_str()), std::string(4033, 'x'));
+  EXPECT_EQ(Utf8(GrowableText(&memory).c_str()), "");
 }
 
 TEST(GrowableText, AppendsAndAssignsItself) {
@@ -71,23 +75,26 @@ TEST(GrowableText, CopiesAndMoves) {
   LoggedMemory memory;
   std::pmr::memory_resource* const heap = std::pmr::new_delete_resource();
   const std::tuple<std::pmr::memory_resource*, std::u16string, bool> rows[] = {
-      {&memory, u"text", true}, {heap, u"text", false}, {heap, std::u16string(64, u'x'), true}};
+      {&memory, u"text", true},
+      {heap, std::u16string(63, u'x'), false},
+      {heap, std::u16string(64, u'x'), true}};
   for (const auto& [resource, units, memory_moves] : rows) {
     GrowableText text(resource);
     GrowableText assigned;
     assigned = text.assign(units);
     const WideText place = text.c_str();
-    GrowableText moved(std::move(text));
-    EXPECT_EQ(moved.c_str() == place, memory_moves);
+    const auto moved = std::make_unique<GrowableText>(std::move(text));
+    EXPECT_EQ(moved->c_str() == place, memory_moves);
     EXPECT_TRUE(text.empty());
     text.append(std::u16string_view()).append_format(u"").assign(text);
     EXPECT_EQ(StatusOf([&] { text.resize(1); }), 0x80070057);
     EXPECT_EQ(Utf8(text.c_str()), "");
     EXPECT_EQ(Utf8(text.append(u"again")), "again");
-    EXPECT_EQ(GrowableText(moved).c_str(), units);
+    EXPECT_EQ(GrowableText(*moved).c_str(), units);
     EXPECT_EQ(assigned.c_str(), units);
-    moved.clear();
-    EXPECT_EQ(Utf8(moved.c_str()), "");
+    EXPECT_EQ(moved->c_str(), units);
+    moved->clear();
+    EXPECT_EQ(Utf8(moved->c_str()), "");
   }
   EXPECT_EQ(memory.asked, (Sizes{128, 128}));
 }
