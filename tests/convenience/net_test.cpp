@@ -1,7 +1,6 @@
 #include <qxfmt/net.h>
 
-#include <arpa/inet.h>
-
+#include "support/platform.h"
 #include "support/test.h"
 
 namespace {
