@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// `qxfmt::Utf8` as an argument of fmt, from its version 9 on. The specification is that of a
+/// `qxfmt::Utf8` as an argument of fmt, from its version 9 on. Its format is that of a
 /// string: width, fill and precision count characters.
 /// `fmt::format("{:>9}", qxfmt::Utf8(u"1.50 KB"))` gives "  1.50 KB".
 ///

@@ -2,7 +2,7 @@
 
 /// @file
 /// `qxfmt::Utf8` as an argument of `std::format`, where the standard library has it. The
-/// specification is that of a string: width, fill and precision count characters.
+/// format is that of a string: width, fill and precision count characters.
 /// `std::format("{:>9}", qxfmt::Utf8(u"1.50 KB"))` makes "  1.50 KB".
 ///
 /// Defines QXFMT_HAS_STD_FORMAT; elsewhere this header has nothing. Takes no memory of its own; any
