@@ -87,7 +87,9 @@ TEST(Netmask, EveryLengthAndOctet) {
       0xFFFFFFFF00000000;  // what comes into the low half is the mask, in host order
   for (std::uint32_t bits = 0; bits <= 32; ++bits, ones >>= 1) {
     std::uint32_t mask = 0;
-    for (const int shift : {0, 8, 16, 24}) mask |= (ones >> (24 - shift) & 0xFF) << shift;
+    for (const int shift : {0, 8, 16, 24}) {
+      mask |= static_cast<std::uint32_t>(ones >> (24 - shift) & 0xFF) << shift;
+    }
     EXPECT_EQ(QXFMT_BitsToMask(static_cast<std::uint8_t>(bits)), mask);
     EXPECT_EQ(QXFMT_MaskToBits(mask), bits);
   }
